@@ -1,0 +1,17 @@
+# What every target of ours is compiled with.
+add_library(quibbly_options INTERFACE)
+target_compile_options(quibbly_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast -Wnon-virtual-dtor
+  -Woverloaded-virtual -Wcast-align -Wimplicit-fallthrough
+  # A record made with designated initialisers names what it sets; the rest has its default.
+  -Wno-missing-field-initializers
+  # Equal samples give bit-equal scores on every build: a fused multiply-add rounds once where the formula rounds twice.
+  -ffp-contract=off)
+if(QUIBBLY_WERROR)
+  target_compile_options(quibbly_options INTERFACE -Werror)
+endif()
+if(QUIBBLY_SANITIZE)
+  target_compile_options(quibbly_options INTERFACE
+    -fsanitize=${QUIBBLY_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(quibbly_options INTERFACE -fsanitize=${QUIBBLY_SANITIZE})
+endif()
