@@ -1,0 +1,23 @@
+#pragma once
+
+#include <cstdint>
+
+namespace quibbly {
+
+/// Decimal gigabytes, the unit that free space is shown and compared in.
+[[nodiscard]] constexpr double gigabytes(std::uint64_t bytes) { return static_cast<double>(bytes) / 1'000'000'000.0; }
+
+/// The number without its fraction. A number too large for the integer gives the nearest one there is, and a number that
+/// is none gives 0.
+[[nodiscard]] std::int64_t truncatedToInteger(double number);
+
+/// The nearest integer, halves away from zero; the same at the limits as `truncatedToInteger`.
+[[nodiscard]] std::int64_t roundedToInteger(double number);
+
+/// Whole days of a length of time, the started one left out; the same at the limits as `truncatedToInteger`.
+[[nodiscard]] std::int64_t wholeDays(double seconds);
+
+/// A fraction as whole percent, halves away from zero; the same at the limits as `truncatedToInteger`.
+[[nodiscard]] std::int64_t wholePercent(double fraction);
+
+}  // namespace quibbly

@@ -1,0 +1,96 @@
+#include <limits>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "records/intensity.h"
+#include "records/mac_mood.h"
+#include "records/random_roast_interval.h"
+#include "records/recent_roast_history.h"
+#include "records/roast_thermal_state.h"
+#include "records/units.h"
+
+namespace quibbly {
+namespace {
+
+using ::testing::ElementsAre;
+
+std::vector<std::string> numbered(const std::string& prefix, int count) {
+  std::vector<std::string> entries;
+  for (int i = 1; i <= count; ++i) entries.push_back(prefix + std::to_string(i));
+  return entries;
+}
+
+TEST(RecentRoastHistoryTest, a_new_roast_stands_in_front_and_the_thirteenth_falls_off_the_end) {
+  const RecentRoastHistory full{
+      .texts = numbered("text", 12), .templateIds = numbered("id", 12), .lastNotificationBody = "said"};
+
+  const RecentRoastHistory updated = full.recording("new", "new_1");
+
+  EXPECT_EQ(updated.texts.size(), 12u);
+  EXPECT_EQ(updated.texts.front(), "new");
+  EXPECT_EQ(updated.texts.back(), "text11");
+  EXPECT_EQ(updated.templateIds.front(), "new_1");
+  EXPECT_EQ(updated.templateIds.back(), "id11");
+  EXPECT_EQ(updated.lastNotificationBody, "said");
+  EXPECT_EQ(full.texts.front(), "text1");
+}
+
+TEST(RecentRoastHistoryTest, a_repeated_text_is_kept_and_an_absent_template_id_changes_texts_only) {
+  const auto updated = RecentRoastHistory::empty.recording("same", "id_1").recording("same", std::nullopt);
+  EXPECT_THAT(updated.texts, ElementsAre("same", "same"));
+  EXPECT_THAT(updated.templateIds, ElementsAre("id_1"));
+}
+
+TEST(RecentRoastHistoryTest, a_history_stored_too_long_is_cut_to_twelve) {
+  const RecentRoastHistory tooLong{.texts = numbered("text", 40), .templateIds = {}, .lastNotificationBody = {}};
+  EXPECT_EQ(tooLong.recording("new", "id").texts.size(), 12u);
+}
+
+TEST(RawValueTest, only_the_exact_text_makes_a_case) {
+  EXPECT_EQ(fromRawValue<MacMood::Label>("Judging You"), MacMood::Label::judgingYou);
+  EXPECT_EQ(fromRawValue<MacMood::Label>("judging you"), std::nullopt);
+  EXPECT_EQ(fromRawValue<RoastThermalState>("serious"), RoastThermalState::serious);
+  EXPECT_EQ(fromRawValue<RoastThermalState>("serious "), std::nullopt);
+  EXPECT_EQ(fromRawValue<Intensity>("Savage"), std::nullopt);
+  EXPECT_EQ(displayText(Intensity::savage), "Savage");
+  EXPECT_EQ(fromRawValue<RandomRoastInterval>(2), std::nullopt);
+}
+
+TEST(RawValueTest, cases_come_in_order_of_rising_trouble) {
+  EXPECT_THAT(allCases<RoastThermalState>(), ElementsAre(RoastThermalState::nominal, RoastThermalState::fair,
+                                                         RoastThermalState::serious, RoastThermalState::critical));
+  EXPECT_EQ(allCases<MacMood::Label>().back(), MacMood::Label::requestingNewOwner);
+  EXPECT_EQ(allCases<MacMood::Label>().size(), 6u);
+}
+
+TEST(RandomRoastIntervalTest, a_stored_number_of_minutes_that_is_no_interval_means_off) {
+  using enum RandomRoastInterval;
+  const std::pair<std::int64_t, RandomRoastInterval> cases[] = {
+      {0, off}, {1, oneMinute}, {5, fiveMinutes}, {15, fifteenMinutes}, {30, thirtyMinutes}, {60, sixtyMinutes},
+      {7, off}, {-1, off},      {120, off}};
+  for (const auto& [stored, interval] : cases) EXPECT_EQ(randomRoastIntervalFromStored(stored), interval) << stored;
+}
+
+TEST(UnitsTest, doubles_become_integers_without_a_fault_at_any_size) {
+  constexpr double infinity = std::numeric_limits<double>::infinity();
+  constexpr auto largest = std::numeric_limits<std::int64_t>::max();
+  constexpr auto smallest = std::numeric_limits<std::int64_t>::min();
+  const std::pair<double, std::int64_t> truncated[] = {{73.9, 73},
+                                                       {-73.9, -73},
+                                                       {0x1p63, largest},
+                                                       {infinity, largest},
+                                                       {-infinity, smallest},
+                                                       {-0x1p63, smallest},
+                                                       {std::numeric_limits<double>::quiet_NaN(), 0}};
+  for (const auto& [number, integer] : truncated) EXPECT_EQ(truncatedToInteger(number), integer) << number;
+
+  const std::pair<double, std::int64_t> percents[] = {{0.855, 86}, {0.9951, 100}, {0.8449, 84}, {-0.005, -1}, {0, 0}};
+  for (const auto& [fraction, percent] : percents) EXPECT_EQ(wholePercent(fraction), percent) << fraction;
+
+  EXPECT_EQ(wholeDays(604'799), 6);
+  EXPECT_EQ(wholeDays(604'800), 7);
+}
+
+}  // namespace
+}  // namespace quibbly
