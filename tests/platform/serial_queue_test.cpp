@@ -1,0 +1,54 @@
+#include "platform/serial_queue.h"
+
+#include <algorithm>
+#include <latch>
+#include <memory>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace quibbly {
+namespace {
+
+TEST(SerialQueueTest, runs_work_in_the_order_of_posting_on_one_other_thread) {
+  std::vector<int> order;
+  std::thread::id ranOn;
+  std::latch done(1);
+  SerialQueue queue;
+  for (int i = 0; i < 100; ++i) queue.post([&order, i] { order.push_back(i); });
+  queue.post([&] {
+    ranOn = std::this_thread::get_id();
+    done.count_down();
+  });
+  done.wait();
+  ASSERT_EQ(order.size(), 100u);
+  EXPECT_TRUE(std::ranges::is_sorted(order));
+  EXPECT_NE(ranOn, std::this_thread::get_id());
+}
+
+TEST(SerialQueueTest, finishes_the_running_work_and_drops_the_rest_when_it_goes) {
+  std::latch running(1);
+  std::latch goOn(1);
+  bool finished = false;
+  bool ranDropped = false;
+  auto owned = std::make_shared<int>();
+  {
+    SerialQueue queue;
+    queue.post([&] {
+      running.count_down();
+      goOn.wait();
+      finished = true;
+    });
+    queue.post([&ranDropped, owned] { ranDropped = true; });
+    running.wait();
+    // The queue is asked to stop while the first work still runs: only then may it go on.
+    std::jthread release([&goOn] { goOn.count_down(); });
+    release.join();
+  }
+  EXPECT_TRUE(finished);
+  EXPECT_EQ(owned.use_count(), 1);
+  (void)ranDropped;  // whether the second ran is a race; that it is gone is not
+}
+
+}  // namespace
+}  // namespace quibbly
