@@ -1,0 +1,23 @@
+#include "platform/linux/x11_applications.h"
+
+#include <cstdint>
+#include <unistd.h>
+#include <utility>
+
+#include "platform/linux/window_applications.h"
+#include "platform/linux/x11_windows.h"
+
+namespace quibbly::linux_services {
+
+X11Applications::X11Applications(std::string display, DesktopEntries& entries)
+    : display_(std::move(display)), entries_(entries) {}
+
+std::optional<ApplicationsReading> X11Applications::read() {
+  // A forwarded display shows the windows of the machine that somebody sits at, and we speak of the one that we run on.
+  if (!isLocalDisplay(display_)) return std::nullopt;
+  const auto windows = readWindows(display_);
+  if (!windows) return std::nullopt;
+  return decideApplications(*windows, entries_.current(), static_cast<std::uint32_t>(::getpid()));
+}
+
+}  // namespace quibbly::linux_services
