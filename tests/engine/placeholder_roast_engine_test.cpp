@@ -1,0 +1,252 @@
+#include "engine/placeholder_roast_engine.h"
+
+#include <functional>
+#include <limits>
+
+#include <gtest/gtest.h>
+
+#include "fakes/fixed_clock.h"
+#include "fakes/samples.h"
+#include "fakes/scripted_random.h"
+
+namespace quibbly {
+namespace {
+
+using fakes::quietSample;
+
+constexpr MacMood mood{.score = 73.9, .label = MacMood::Label::judgingYou};
+
+class RoastEngine : public ::testing::Test {
+ protected:
+  LastRoast roast(const SystemSnapshot& sample, const RecentRoastHistory& history = RecentRoastHistory::empty) {
+    return PlaceholderRoastEngine(clock_, random_).roast(sample, mood, history);
+  }
+  LastRoast roastFrom(std::span<const Family> families, const RecentRoastHistory& history,
+                      const SystemSnapshot& sample = quietSample()) {
+    return PlaceholderRoastEngine(clock_, random_, families).roast(sample, mood, history);
+  }
+
+  fakes::FixedClock clock_;
+  fakes::ScriptedRandom random_;
+};
+
+// --- What a sample is mocked for ---
+
+struct SampleCase {
+  const char* what;
+  std::function<void(SystemSnapshot&)> change;
+  const char* templateId;
+  const char* text = nullptr;
+};
+
+class WhatTheEngineMocks : public RoastEngine, public ::testing::WithParamInterface<SampleCase> {};
+
+TEST_P(WhatTheEngineMocks, first) {
+  SystemSnapshot sample = quietSample();
+  GetParam().change(sample);
+  const LastRoast result = roast(sample);
+  EXPECT_EQ(result.templateId, GetParam().templateId) << GetParam().what << ": " << result.text;
+  if (GetParam().text) {
+    EXPECT_EQ(result.text, GetParam().text);
+  }
+}
+
+constexpr auto infinity = std::numeric_limits<double>::infinity();
+using S = SystemSnapshot;
+
+INSTANTIATE_TEST_SUITE_P(
+    Boundaries, WhatTheEngineMocks,
+    ::testing::ValuesIn(std::vector<SampleCase>{
+        {"nothing", [](S&) {}, "life_1", "Your morning routine is coffee, guilt, and 8 apps. In that order."},
+        {"fair", [](S& s) { s.thermalState = RoastThermalState::fair; }, "life_1"},
+        {"serious", [](S& s) { s.thermalState = RoastThermalState::serious; }, "thermal_1",
+         "Thermal state: serious. This is a laptop, not an induction hob."},
+        {"critical outranks all",
+         [](S& s) {
+           s.thermalState = RoastThermalState::critical;
+           s.batteryLevel = 1;
+           s.memoryUtilizationEstimate = 1;
+         },
+         "thermal_1"},
+        {"battery outranks memory",
+         [](S& s) {
+           s.batteryLevel = 10;
+           s.memoryUtilizationEstimate = 0.9;
+         },
+         "battery_1", "10% battery. Your energy strategy is faith-based."},
+        {"negative level", [](S& s) { s.batteryLevel = -3; }, "battery_1"},
+        {"battery 14", [](S& s) { s.batteryLevel = 14; }, "battery_1"},
+        {"battery 15", [](S& s) { s.batteryLevel = 15; }, "battery_m1"},
+        {"battery 29", [](S& s) { s.batteryLevel = 29; }, "battery_m1"},
+        {"battery 30", [](S& s) { s.batteryLevel = 30; }, "life_1"},
+        {"charging",
+         [](S& s) {
+           s.batteryLevel = 10;
+           s.isCharging = true;
+         },
+         "life_1"},
+        {"charging unknown",
+         [](S& s) {
+           s.batteryLevel = 10;
+           s.isCharging.reset();
+         },
+         "battery_1"},
+        {"no battery", [](S& s) { s.batteryLevel.reset(); }, "life_1"},
+        {"memory 0.851",
+         [](S& s) {
+           s.memoryUtilizationEstimate = 0.851;
+           s.browserCount = 3;
+         },
+         "ram_1", "RAM estimate 85%. 3 browsers open. The internet remains unchanged."},
+        {"memory 0.85", [](S& s) { s.memoryUtilizationEstimate = 0.85; }, "ram_m1"},
+        {"memory 0.7", [](S& s) { s.memoryUtilizationEstimate = 0.7; }, "life_1"},
+        {"just under 15 GB free", [](S& s) { s.diskFreeBytes = 14'999'999'999; }, "disk_1",
+         "15.0 GB free. One Xcode project away from disaster."},
+        {"15 GB free", [](S& s) { s.diskFreeBytes = 15'000'000'000; }, "life_1"},
+        {"disk unknown", [](S& s) { s.diskFreeBytes = 0; }, "disk_1",
+         "0.0 GB free. One Xcode project away from disaster."},
+        {"almost 3 days", [](S& s) { s.uptimeSeconds = 259'199; }, "life_1"},
+        {"3 days", [](S& s) { s.uptimeSeconds = 259'200; }, "uptime_m1"},
+        {"almost 7 days", [](S& s) { s.uptimeSeconds = 604'799; }, "uptime_m1",
+         "Uptime 6 days. Warming up to a real streak."},
+        {"7 days", [](S& s) { s.uptimeSeconds = 604'800; }, "uptime_1",
+         "7 days without a restart. Stability or update dread?"},
+        {"endless uptime", [](S& s) { s.uptimeSeconds = infinity; }, "uptime_1",
+         "9223372036854775807 days without a restart. Stability or update dread?"},
+        {"uptime that is no number", [](S& s) { s.uptimeSeconds = std::numeric_limits<double>::quiet_NaN(); },
+         "life_1"},
+        {"endless memory", [](S& s) { s.memoryUtilizationEstimate = infinity; }, "ram_1"},
+        {"11 apps", [](S& s) { s.runningAppCount = 11; }, "life_1"},
+        {"12 apps", [](S& s) { s.runningAppCount = 12; }, "apps_m1"},
+        {"19 apps", [](S& s) { s.runningAppCount = 19; }, "apps_m1"},
+        {"20 apps", [](S& s) { s.runningAppCount = 20; }, "apps_1"},
+        {"1 browser", [](S& s) { s.browserCount = 1; }, "life_1"},
+        {"2 browsers", [](S& s) { s.browserCount = 2; }, "br_1", "2 browsers open. Still one internet."},
+        {"uptime outranks apps and browsers",
+         [](S& s) {
+           s.runningAppCount = 25;
+           s.browserCount = 3;
+           s.uptimeSeconds = 864'000;
+         },
+         "uptime_1"},
+        {"apps outrank browsers",
+         [](S& s) {
+           s.runningAppCount = 25;
+           s.browserCount = 3;
+         },
+         "apps_1"},
+    }));
+
+// --- The values in the lines ---
+
+TEST_F(RoastEngine, lines_carry_the_values_of_the_sample_and_the_mood) {
+  SystemSnapshot sample = quietSample();
+  sample.diskFreeBytes = 12'345'678'901;
+  sample.thermalState = RoastThermalState::serious;
+  sample.uptimeSeconds = 9.99 * 86'400;
+  constexpr auto lines = std::to_array<std::string_view>(
+      {"{thermal} {Thermal} {battery} {ram} {diskGB} {days} {apps} {browsers} {mood} {score} {unknown} }{"});
+  const Family family{.category = "c", .ruleId = "r", .idPrefix = "p_", .priority = 1, .lines = lines};
+
+  const LastRoast result = roastFrom({&family, 1}, RecentRoastHistory::empty, sample);
+
+  EXPECT_EQ(result, (LastRoast{.text = "serious Serious 80 50 12.3 9 8 0 Judging You 73 {unknown} }{",
+                               .category = "c",
+                               .ruleId = "r",
+                               .templateId = "p_1",
+                               .mood = mood,
+                               .createdAt = clock_.time}));
+}
+
+// --- What was said before ---
+
+TEST_F(RoastEngine, a_family_of_eighteen_comes_round_again_after_thirteen) {
+  SystemSnapshot hot = quietSample();
+  hot.thermalState = RoastThermalState::serious;
+  RecentRoastHistory history;
+  std::vector<std::string> said;
+  for (int i = 0; i < 15; ++i) {
+    const LastRoast result = roast(hot, history);
+    said.push_back(result.templateId.value());
+    history = history.recording(result.text, result.templateId);
+  }
+  EXPECT_EQ(said[11], "thermal_12");
+  EXPECT_EQ(said[12], "thermal_13");
+  EXPECT_EQ(said[13], "thermal_1");
+  EXPECT_EQ(said[14], "thermal_2");
+}
+
+TEST_F(RoastEngine, either_the_text_or_the_template_said_lately_makes_a_candidate_stale) {
+  const LastRoast first = roast(quietSample());
+  EXPECT_EQ(roast(quietSample(), {.texts = {first.text}, .templateIds = {}, .lastNotificationBody = {}}).templateId,
+            "life_2");
+  EXPECT_EQ(
+      roast(quietSample(), {.texts = {"other"}, .templateIds = {"life_1"}, .lastNotificationBody = {}}).templateId,
+      "life_2");
+}
+
+constexpr auto twoLines = std::to_array<std::string_view>({"{apps} one", "{apps} two"});
+constexpr auto oneLine = std::to_array<std::string_view>({"{apps} three"});
+constexpr Family low{.category = "low", .ruleId = "low", .idPrefix = "low_", .priority = 1, .lines = twoLines};
+constexpr Family high{.category = "high", .ruleId = "high", .idPrefix = "high_", .priority = 2, .lines = oneLine};
+constexpr auto lowThenHigh = std::to_array({low, high});
+
+struct HistoryCase {
+  const char* what;
+  RecentRoastHistory history;
+  const char* templateId;
+  int draws = 0;
+};
+
+TEST_F(RoastEngine, with_all_said_lately_it_prefers_new_words_then_anything_but_the_last_one) {
+  const std::vector<std::string> allIds{"low_1", "low_2", "high_1"};
+  const std::vector<std::string> allTexts{"8 one", "8 two", "8 three"};
+  const HistoryCase cases[] = {
+      {"nothing said: priority decides", {}, "high_1"},
+      {"the best one said: build order decides among equals", {{}, {"high_1"}, {}}, "low_1"},
+      {"all templates said, with other figures: the best of the new texts", {{"7 one"}, allIds, {}}, "high_1"},
+      {"all templates said, the best one in the same words", {{"8 three"}, allIds, {}}, "low_1"},
+      {"all said: the first built that is not the last one said", {allTexts, allIds, {}}, "low_2", 1},
+      {"all said, the last one built later: the first built", {allTexts, {"high_1", "low_1"}, {}}, "low_1", 1},
+      {"all texts said, no template known: the first built", {allTexts, {}, {}}, "low_1", 1},
+  };
+  for (const HistoryCase& c : cases) {
+    random_.draws = 0;
+    EXPECT_EQ(roastFrom(lowThenHigh, c.history).templateId, c.templateId) << c.what;
+    EXPECT_EQ(random_.draws, c.draws) << c.what;
+  }
+}
+
+TEST_F(RoastEngine, chance_decides_only_when_there_is_nothing_but_the_last_template) {
+  // Two lines of one template id cannot come from one family: these two share a prefix on purpose.
+  const auto families = std::to_array({Family{.category = "a", .idPrefix = "same_", .lines = oneLine},
+                                       Family{.category = "b", .idPrefix = "same_", .lines = oneLine}});
+  const RecentRoastHistory history{{"8 three"}, {"same_1"}, {}};
+  random_.next = 0;
+  EXPECT_EQ(roastFrom(families, history).category, "a");
+  random_.next = SecureRandom::max();
+  EXPECT_EQ(roastFrom(families, history).category, "b");
+}
+
+TEST_F(RoastEngine, a_sample_that_no_family_fits_draws_on_every_family_that_exists) {
+  const auto never = [](const SystemSnapshot&) { return false; };
+  Family hidden = high;
+  hidden.exists = never;
+  Family unfit = low;
+  unfit.matches = never;
+  const auto families = std::to_array({unfit, hidden});
+  EXPECT_EQ(roastFrom(families, RecentRoastHistory::empty).templateId, "low_1");
+}
+
+TEST_F(RoastEngine, without_any_family_there_still_is_a_line) {
+  const LastRoast result = roastFrom({}, RecentRoastHistory::empty);
+  EXPECT_EQ(result, (LastRoast{.text = "Mac Mood: Judging You. Everything is fine. Allegedly.",
+                               .category = "general",
+                               .ruleId = "general_ok",
+                               .templateId = "general_ok_fallback",
+                               .mood = mood,
+                               .createdAt = clock_.time}));
+}
+
+}  // namespace
+}  // namespace quibbly
