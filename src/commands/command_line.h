@@ -1,0 +1,25 @@
+#pragma once
+
+#include <expected>
+#include <span>
+#include <string>
+
+namespace quibbly {
+
+/// What a call of the program asks for.
+struct CommandLine {
+  enum class Command { roast, sample, showText };
+
+  Command command = Command::showText;
+  /// Print one JSON object in place of text.
+  bool json = false;
+  /// What `showText` prints: the help or the version.
+  std::string text;
+
+  bool operator==(const CommandLine&) const = default;
+};
+
+/// Reads the words after the program's name. The error is one line for the user that says what is wrong with them.
+[[nodiscard]] std::expected<CommandLine, std::string> parseCommandLine(std::span<const char* const> arguments);
+
+}  // namespace quibbly

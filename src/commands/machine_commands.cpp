@@ -1,0 +1,44 @@
+#include "commands/machine_commands.h"
+
+#include <chrono>
+#include <thread>
+
+#include "commands/sample_json.h"
+#include "commands/sample_text.h"
+#include "monitor/mood_calculator.h"
+#include "records/recent_roast_history.h"
+#include "shared/json_values.h"
+
+namespace quibbly {
+namespace {
+
+using namespace std::chrono_literals;
+
+/// Long enough for the kernel's hundredths of a second to add up to a load, short enough not to be waited for.
+constexpr auto betweenSamples = 250ms;
+
+SystemSnapshot measuredSample(SystemMonitor& monitor) {
+  (void)monitor.captureSnapshot().get();
+  std::this_thread::sleep_for(betweenSamples);
+  return monitor.captureSnapshot().get();
+}
+
+std::string line(const nlohmann::json& object) {
+  // Every double of a sample is made finite by the monitor.
+  return jsonText(object).value() + "\n";
+}
+
+}  // namespace
+
+std::string MachineCommands::run(const CommandLine& request) {
+  if (request.command == CommandLine::Command::showText) return request.text;
+  const SystemSnapshot snapshot = measuredSample(monitor_);
+  const MacMood mood = MoodCalculator::score(snapshot);
+  if (request.command == CommandLine::Command::sample) {
+    return request.json ? line(sampleJson(snapshot, mood)) : sampleText(snapshot, mood);
+  }
+  const LastRoast roast = engine_.roast(snapshot, mood, RecentRoastHistory::empty);
+  return request.json ? line(jsonOf(roast)) : roast.text + "\n";
+}
+
+}  // namespace quibbly

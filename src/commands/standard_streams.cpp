@@ -1,0 +1,39 @@
+#include "commands/standard_streams.h"
+
+#include <cerrno>
+#include <csignal>
+#include <fcntl.h>
+#include <string>
+#include <unistd.h>
+
+namespace quibbly {
+namespace {
+
+std::error_code writeAll(int descriptor, std::string_view text) {
+  while (!text.empty()) {
+    const ssize_t written = ::write(descriptor, text.data(), text.size());
+    if (written >= 0) {
+      text.remove_prefix(static_cast<std::size_t>(written));
+    } else if (errno != EINTR) {
+      return {errno, std::generic_category()};
+    }
+  }
+  return {};
+}
+
+}  // namespace
+
+void prepareStandardStreams() {
+  for (const int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+    if (::fcntl(descriptor, F_GETFD) != -1 || errno != EBADF) continue;
+    // The lowest free number is the one that is missing. Opened the wrong way round, it still fails as a closed one does.
+    (void)::open("/dev/null", descriptor == STDIN_FILENO ? O_WRONLY : O_RDONLY);
+  }
+  std::signal(SIGPIPE, SIG_IGN);
+}
+
+std::error_code printToStandardOutput(std::string_view text) { return writeAll(STDOUT_FILENO, text); }
+
+void complain(std::string_view message) { (void)writeAll(STDERR_FILENO, "quibbly: " + std::string(message) + "\n"); }
+
+}  // namespace quibbly

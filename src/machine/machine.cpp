@@ -1,0 +1,78 @@
+#include "machine/machine.h"
+
+#include <cstdlib>
+#include <string>
+#include <unistd.h>
+#include <vector>
+
+#include "platform/first_known_low_power_mode.h"
+#include "platform/linux/application_scopes.h"
+#include "platform/linux/boot_clock_uptime.h"
+#include "platform/linux/desktop_entries.h"
+#include "platform/linux/kernel_random.h"
+#include "platform/linux/meminfo.h"
+#include "platform/linux/platform_profile.h"
+#include "platform/linux/power_supplies.h"
+#include "platform/linux/proc_stat.h"
+#include "platform/linux/session_applications.h"
+#include "platform/linux/statvfs_home_volume.h"
+#include "platform/linux/system_wall_clock.h"
+#include "platform/linux/thermal_sensors.h"
+#include "platform/linux/x11_applications.h"
+#include "platform/qt/power_profiles_daemon.h"
+
+namespace quibbly {
+
+using namespace linux_services;
+
+namespace {
+
+constexpr const char* root = "/";
+
+std::string environment(const char* name) {
+  const char* const value = std::getenv(name);
+  return value ? value : "";
+}
+
+/// Where to ask for applications, most telling first.
+std::vector<SessionApplications::Service> mostTelling(RunningApplications& windows, RunningApplications& scopes) {
+  const std::string waylandDisplay = environment("WAYLAND_DISPLAY");
+  const std::string sessionType = environment("XDG_SESSION_TYPE");
+  if (isWaylandSession({.waylandDisplay = waylandDisplay, .sessionType = sessionType})) return {scopes, windows};
+  return {windows, scopes};
+}
+
+}  // namespace
+
+struct Machine::Services {
+  SystemWallClock clock;
+  KernelRandom random;
+  ProcStat processor{root};
+  MemInfo memory{root};
+  StatvfsHomeVolume home{homeDirectory()};
+  PowerSupplies power{root};
+  DesktopEntries entries{
+      dataDirectories({.dataHome = environment("XDG_DATA_HOME"),
+                       .home = environment("HOME"),
+                       .dataDirs = environment("XDG_DATA_DIRS")}),
+      messageLocales(
+          {.lcAll = environment("LC_ALL"), .lcMessages = environment("LC_MESSAGES"), .lang = environment("LANG")})};
+  X11Applications windows{environment("DISPLAY"), entries};
+  ApplicationScopes scopes{root, ::getuid(), entries};
+  SessionApplications applications{mostTelling(windows, scopes)};
+  ThermalSensors thermal{root};
+  BootClockUptime uptime;
+  qt_services::PowerProfilesDaemon profilesDaemon;
+  PlatformProfile firmwareProfile{root};
+  FirstKnownLowPowerMode lowPower{{profilesDaemon, firmwareProfile}};
+  SystemMonitor monitor{clock, processor, memory, home, power, applications, thermal, uptime, lowPower};
+};
+
+Machine::Machine() : services_(std::make_unique<Services>()) {}
+Machine::~Machine() = default;
+
+SystemMonitor& Machine::monitor() { return services_->monitor; }
+const WallClock& Machine::clock() const { return services_->clock; }
+SecureRandom& Machine::random() { return services_->random; }
+
+}  // namespace quibbly

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <memory>
+
+#include "monitor/system_monitor.h"
+#include "platform/secure_random.h"
+#include "platform/wall_clock.h"
+
+namespace quibbly {
+
+/// The services of the machine that the program runs on, and the monitor that asks them. Shared by the composition
+/// roots, it is the one place that chooses implementations.
+class Machine {
+ public:
+  Machine();
+  Machine(const Machine&) = delete;
+  Machine& operator=(const Machine&) = delete;
+  ~Machine();
+
+  [[nodiscard]] SystemMonitor& monitor();
+  [[nodiscard]] const WallClock& clock() const;
+  [[nodiscard]] SecureRandom& random();
+
+ private:
+  struct Services;
+  std::unique_ptr<Services> services_;
+};
+
+}  // namespace quibbly

@@ -1,0 +1,101 @@
+// The built program, called as a user calls it.
+
+#include <algorithm>
+#include <cstdlib>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+namespace quibbly {
+namespace {
+
+using ::testing::HasSubstr;
+using ::testing::StartsWith;
+
+struct Outcome {
+  int status;
+  std::string output;
+  std::string complaint;
+};
+
+class Program : public ::testing::Test {
+ protected:
+  /// Runs a shell command in which $Q is the program. Standard output goes to a file unless the command redirects it.
+  Outcome sh(const std::string& command) {
+    const std::string script = "Q='" QUIBBLY_PROGRAM "'; { " + command + "; } >" + out() + " 2>" + err();
+    const int status = std::system(script.c_str());
+    return {.status = WEXITSTATUS(status), .output = text(out()), .complaint = text(err())};
+  }
+
+  void TearDown() override {
+    ::unlink(out().c_str());
+    ::unlink(err().c_str());
+  }
+
+ private:
+  static std::string file(const char* suffix) {
+    return ::testing::TempDir() + "quibbly." + std::to_string(::getpid()) + suffix;
+  }
+  static std::string out() { return file(".out"); }
+  static std::string err() { return file(".err"); }
+  static std::string text(const std::string& path) {
+    std::ostringstream content;
+    content << std::ifstream(path).rdbuf();
+    return content.str();
+  }
+};
+
+long lines(const std::string& text) { return std::ranges::count(text, '\n'); }
+
+TEST_F(Program, roasts_this_very_machine_in_one_line) {
+  const Outcome outcome = sh("$Q roast");
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(lines(outcome.output), 1) << outcome.output;
+  EXPECT_GT(outcome.output.size(), 10u);
+  EXPECT_EQ(outcome.complaint, "");
+}
+
+TEST_F(Program, prints_a_roast_and_a_sample_as_json) {
+  const auto roast = nlohmann::json::parse(sh("$Q roast --json").output);
+  EXPECT_TRUE(roast.contains("templateId") && roast["mood"].contains("label")) << roast;
+  const auto sample = nlohmann::json::parse(sh("$Q sample --json").output);
+  EXPECT_GT(sample.at("memoryUtilizationEstimate").get<double>(), 0.0);
+  EXPECT_GT(sample.at("diskTotalBytes").get<std::uint64_t>(), 0u);
+  EXPECT_GT(sample.at("uptimeSeconds").get<double>(), 0.0);
+}
+
+TEST_F(Program, prints_every_field_of_a_sample) { EXPECT_EQ(lines(sh("$Q sample").output), 18); }
+
+TEST_F(Program, says_in_one_line_what_is_wrong_with_its_words) {
+  for (const char* words : {"", "rost", "roast twice", "sample --jsn"}) {
+    const Outcome outcome = sh(std::string("$Q ") + words);
+    EXPECT_EQ(outcome.status, 2) << words;
+    EXPECT_EQ(outcome.output, "") << words;
+    EXPECT_THAT(outcome.complaint, StartsWith("quibbly: ")) << words;
+    EXPECT_EQ(lines(outcome.complaint), 1) << words;
+  }
+}
+
+TEST_F(Program, says_in_one_line_that_nobody_can_read_its_output) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"$Q roast >/dev/full", "No space left"},
+      {"$Q sample >&-", "Bad file descriptor"},
+      {"$Q --version >&- <&-", "Bad file descriptor"},
+      {"status=$({ { $Q roast; echo $? >&3; } | :; } 3>&1); exit $status", "Broken pipe"},
+  };
+  for (const auto& [command, reason] : cases) {
+    const Outcome outcome = sh(command);
+    EXPECT_EQ(outcome.status, 1) << command;
+    EXPECT_THAT(outcome.complaint, HasSubstr(reason)) << command;
+    EXPECT_EQ(lines(outcome.complaint), 1) << outcome.complaint;
+  }
+}
+
+}  // namespace
+}  // namespace quibbly
