@@ -47,16 +47,25 @@ configure() {
   cmake --preset "$preset" "${defines[@]}" >"$log" 2>&1 || { cat "$log" >&2; exit 1; }
 }
 
-# build PRESET [TARGET...]: shows one line of progress on a terminal, and nothing when nothing changed. Elsewhere what the
-# compiler said is kept in build/PRESET/build.log and shown when it failed.
+# build PRESET [TARGET...]: says nothing when nothing changed; else shows one line of progress on a terminal, and elsewhere
+# that it builds. What the compiler said is kept in build/PRESET/build.log and shown when it failed.
 build() {
   local preset=$1 log=build/$1/build.log
   shift
-  [ "$(ninja -C "build/$preset" -n "$@" 2>/dev/null | tail -n 1)" = "ninja: no work to do." ] && return
-  say "Building $preset"
-  if [ -t 2 ]; then
-    ninja -C "build/$preset" "$@" >&2 || exit 1
-  else
-    ninja -C "build/$preset" "$@" >"$log" 2>&1 || { cat "$log" >&2; exit 1; }
-  fi
+  ninja -C "build/$preset" "$@" 2>&1 | tee "$log" | show_progress "$preset"
+  [ "${PIPESTATUS[0]}" -eq 0 ] || { cat "$log" >&2; exit 1; }
+}
+
+show_progress() {
+  local line said=
+  while IFS= read -r line; do
+    [[ $line =~ ^\[[0-9]+/[0-9]+\]\ (Building|Linking) ]] || continue
+    if [ -t 2 ]; then
+      printf '\r\033[K%.79s' "$line" >&2
+    elif [ -z "$said" ]; then
+      say "Building $1"
+    fi
+    said=1
+  done
+  if [ -t 2 ] && [ -n "$said" ]; then printf '\r\033[K' >&2; fi
 }
