@@ -5,9 +5,8 @@
 
 #include "comparison.h"
 #include "engine/placeholder_roast_engine.h"
+#include "machine/machine.h"
 #include "monitor/mood_calculator.h"
-#include "platform/linux/kernel_random.h"
-#include "platform/linux/system_wall_clock.h"
 
 namespace quibbly::bench {
 namespace {
@@ -26,7 +25,7 @@ SystemSnapshot notableSample() {
   return sample;
 }
 
-/// The floor of any engine: every line written out once, with its values prepared, by the plainest loop there is.
+/// Every line written out once by the plainest loop there is, its values prepared and every text dropped at once.
 void linesWrittenOut(benchmark::State& state) {
   const std::array<std::pair<std::string, std::string>, 10> values{{{"thermal", "nominal"},
                                                                     {"Thermal", "Nominal"},
@@ -61,9 +60,8 @@ void linesWrittenOut(benchmark::State& state) {
 BENCHMARK(linesWrittenOut)->Repetitions(repetitions);
 
 void roast(benchmark::State& state) {
-  const linux_services::SystemWallClock clock;
-  linux_services::KernelRandom random;
-  const PlaceholderRoastEngine engine(clock, random);
+  Machine machine;
+  const PlaceholderRoastEngine engine(machine.clock(), machine.random());
   const SystemSnapshot sample = notableSample();
   const MacMood mood = MoodCalculator::score(sample);
   RecentRoastHistory history;

@@ -1,12 +1,13 @@
-# quibbly_room(NAME DIRECTORY room... [USES library...])
+# quibbly_room(NAME DIRECTORY [ROOMS room...] [HIDES room...] [USES library...])
 #
-# A room is one directory of src/ built as one static library. Its headers are seen only by the rooms that name it: they
-# are linked into a directory of the build tree that holds nothing else, and that directory is the room's include path.
-# An include against the arrows of docs/architecture.md therefore finds no file.
+# A room is one directory of src/ built as one static library. Its headers are linked into a directory of the build tree
+# that holds nothing else, and that directory is the room's include path. A room sees the ROOMS that it names and what
+# those build on; an include against the arrows of docs/architecture.md therefore finds no file. What a room HIDES only it
+# sees.
 #
 # A directory below a room belongs to it, unless a room of its own was made of it (platform/linux, platform/qt).
 function(quibbly_room name directory)
-  cmake_parse_arguments(ROOM "" "" "USES;ROOMS" ${ARGN})
+  cmake_parse_arguments(ROOM "" "" "USES;ROOMS;HIDES" ${ARGN})
   set(source_dir ${PROJECT_SOURCE_DIR}/src/${directory})
   file(GLOB_RECURSE files CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR}/src ${source_dir}/*.h ${source_dir}/*.cpp)
   if(directory STREQUAL "platform")
@@ -36,7 +37,7 @@ function(quibbly_room name directory)
   endif()
   target_include_directories(${name} ${scope} ${include_dir})
   target_link_libraries(${name} ${scope} ${ROOM_ROOMS})
-  if(ROOM_USES)
-    target_link_libraries(${name} PRIVATE ${ROOM_USES})
+  if(ROOM_USES OR ROOM_HIDES)
+    target_link_libraries(${name} PRIVATE ${ROOM_USES} ${ROOM_HIDES})
   endif()
 endfunction()

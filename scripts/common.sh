@@ -1,9 +1,9 @@
-# Shared by ./run, ./test, ./bench and .ci/run: what must be installed, and how a preset is built.
+# Shared by ./run, ./test, bench/run and .ci/run: what must be installed, and how a preset is built.
 
-build_packages="g++ cmake ninja-build pkg-config nlohmann-json3-dev libcli11-dev libxcb1-dev qt6-base-dev"
+build_packages="g++ cmake ninja-build pkg-config nlohmann-json3-dev libcli11-dev libxcb1-dev libsystemd-dev"
 test_packages="libgtest-dev libgmock-dev xvfb dbus"
 bench_packages="libbenchmark-dev"
-lint_packages="clang-19 libclang-rt-19-dev clang-format-19 clang-tidy-19"
+lint_packages="git clang-19 libclang-rt-19-dev clang-format-19 clang-tidy-19"
 
 say() { printf '%s\n' "$*" >&2; }
 
@@ -11,7 +11,8 @@ say() { printf '%s\n' "$*" >&2; }
 need() {
   local missing=() package
   for package in "$@"; do
-    [ "$(dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null)" = installed ] || missing+=("$package")
+    # A package of two architectures answers twice.
+    [[ $(dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null) == installed* ]] || missing+=("$package")
   done
   [ ${#missing[@]} -eq 0 ] && return
   if ! command -v apt-get >/dev/null; then

@@ -1,7 +1,6 @@
 #include <algorithm>
+#include <exception>
 #include <span>
-
-#include <QCoreApplication>
 
 #include "commands/command_line.h"
 #include "commands/machine_commands.h"
@@ -13,29 +12,39 @@ namespace {
 
 using namespace quibbly;
 
-constexpr int outputFailed = 1;
+constexpr int failed = 1;
 constexpr int badCommandLine = 2;
 
 std::string outputOf(const CommandLine& request) {
+  if (request.command == CommandLine::Command::showText) return request.text;
   Machine machine;
   const PlaceholderRoastEngine engine(machine.clock(), machine.random());
   return MachineCommands(machine.monitor(), engine).run(request);
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
-  prepareStandardStreams();
-  const QCoreApplication application(argc, argv);
-  const std::span<char*> words(argv, static_cast<std::size_t>(argc));
-  const auto request = parseCommandLine({words.begin() + std::min(argc, 1), words.end()});
+int run(std::span<const char* const> words) {
+  const auto request = parseCommandLine(words);
   if (!request) {
     complain(request.error());
     return badCommandLine;
   }
   if (const std::error_code error = printToStandardOutput(outputOf(*request))) {
     complain("cannot write to standard output: " + error.message());
-    return outputFailed;
+    return failed;
   }
   return 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  prepareStandardStreams();
+  try {
+    const std::span<char*> words(argv, static_cast<std::size_t>(argc));
+    return run({words.begin() + std::min(argc, 1), words.end()});
+  } catch (const std::exception& error) {
+    // Nothing of ours throws; what comes here is a machine without memory or threads.
+    complain(error.what());
+    return failed;
+  }
 }

@@ -20,7 +20,7 @@ std::expected<CommandLine, std::string> parseCommandLine(std::span<const char* c
   app.require_subcommand(0, 1);
   const auto command = [&](const char* name, const char* description, CommandLine::Command meaning) {
     CLI::App* const word = app.add_subcommand(name, description);
-    word->add_flag("--json", request.json, "Print one JSON object");
+    word->add_flag("--json", request.json, "Print one JSON object")->disable_flag_override();
     word->callback([&request, meaning] { request.command = meaning; });
   };
   command("roast", "Sample, score and print one line", CommandLine::Command::roast);

@@ -3,11 +3,10 @@
 #include <chrono>
 #include <thread>
 
-#include "commands/sample_json.h"
 #include "commands/sample_text.h"
 #include "monitor/mood_calculator.h"
 #include "records/recent_roast_history.h"
-#include "shared/json_values.h"
+#include "shared/json_coding.h"
 
 namespace quibbly {
 namespace {
@@ -23,6 +22,13 @@ SystemSnapshot measuredSample(SystemMonitor& monitor) {
   return monitor.captureSnapshot().get();
 }
 
+/// One object: the sample under the names of its fields, and the mood.
+nlohmann::json sampleJson(const SystemSnapshot& snapshot, const MacMood& mood) {
+  nlohmann::json object = toJson(snapshot);
+  object["mood"] = toJson(mood);
+  return object;
+}
+
 std::string line(const nlohmann::json& object) {
   // Every double of a sample is made finite by the monitor.
   return jsonText(object).value() + "\n";
@@ -31,14 +37,13 @@ std::string line(const nlohmann::json& object) {
 }  // namespace
 
 std::string MachineCommands::run(const CommandLine& request) {
-  if (request.command == CommandLine::Command::showText) return request.text;
   const SystemSnapshot snapshot = measuredSample(monitor_);
   const MacMood mood = MoodCalculator::score(snapshot);
   if (request.command == CommandLine::Command::sample) {
     return request.json ? line(sampleJson(snapshot, mood)) : sampleText(snapshot, mood);
   }
   const LastRoast roast = engine_.roast(snapshot, mood, RecentRoastHistory::empty);
-  return request.json ? line(jsonOf(roast)) : roast.text + "\n";
+  return request.json ? line(toJson(roast)) : roast.text + "\n";
 }
 
 }  // namespace quibbly

@@ -13,7 +13,7 @@ class MachineCommands {
  public:
   MachineCommands(SystemMonitor& monitor, const PlaceholderRoastEngine& engine) : monitor_(monitor), engine_(engine) {}
 
-  /// What the command prints. Takes a quarter of a second: a load needs two samples.
+  /// What `roast` or `sample` prints. Takes two samples a quarter of a second apart: a load needs both.
   [[nodiscard]] std::string run(const CommandLine& request);
 
  private:

@@ -1,7 +1,5 @@
 #include "commands/sample_text.h"
 
-#include <array>
-#include <charconv>
 #include <optional>
 #include <string_view>
 #include <utility>
@@ -15,24 +13,16 @@ namespace {
 
 constexpr std::string_view dash = "—";
 
-/// One decimal, and exponents only where a figure has gone mad.
-std::string decimal(double number) {
-  std::array<char, 32> digits{};
-  const auto format = number > -1e15 && number < 1e15 ? std::chars_format::fixed : std::chars_format::scientific;
-  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number, format, 1).ptr;
-  return {digits.data(), end};
-}
-
-std::string percent(double fraction) { return decimal(fraction * 100.0) + " %"; }
-std::string size(std::uint64_t bytes) { return decimal(gigabytes(bytes)) + " GB"; }
+std::string percent(double fraction) { return oneDecimal(fraction * 100.0) + " %"; }
+std::string size(std::uint64_t bytes) { return oneDecimal(gigabytes(bytes)) + " GB"; }
 std::string count(std::int64_t number) { return std::to_string(number); }
 std::string wholePercentText(std::int64_t number) { return count(number) + " %"; }
 std::string yesOrNo(bool value) { return value ? "yes" : "no"; }
 
 std::string daysAndHours(double seconds) {
   const std::int64_t days = wholeDays(seconds);
-  const double hours = (seconds - static_cast<double>(days) * 86400.0) / 3600.0;
-  return count(days) + " days " + decimal(hours) + " h";
+  const std::int64_t hours = truncatedToInteger((seconds - static_cast<double>(days) * 86400.0) / 3600.0);
+  return count(days) + " days " + count(hours) + " h";
 }
 
 template <typename Value, typename Text>
@@ -61,7 +51,7 @@ std::string sampleText(const SystemSnapshot& snapshot, const MacMood& mood) {
       {"Thermal state", std::string(displayText(snapshot.thermalState))},
       {"Low Power Mode", yesOrNo(snapshot.lowPowerMode)},
       {"Mood", std::string(displayText(mood.label))},
-      {"Score", decimal(mood.score) + " of 100"},
+      {"Score", oneDecimal(mood.score) + " of 100"},
   };
   std::size_t widest = 0;
   for (const auto& [name, value] : rows) widest = std::max(widest, name.size());

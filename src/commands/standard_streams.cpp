@@ -27,13 +27,15 @@ void prepareStandardStreams() {
   for (const int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
     if (::fcntl(descriptor, F_GETFD) != -1 || errno != EBADF) continue;
     // The lowest free number is the one that is missing. Opened the wrong way round, it still fails as a closed one does.
-    (void)::open("/dev/null", descriptor == STDIN_FILENO ? O_WRONLY : O_RDONLY);
+    [[maybe_unused]] const int taken = ::open("/dev/null", descriptor == STDIN_FILENO ? O_WRONLY : O_RDONLY);
   }
-  std::signal(SIGPIPE, SIG_IGN);
+  (void)std::signal(SIGPIPE, SIG_IGN);
 }
 
 std::error_code printToStandardOutput(std::string_view text) { return writeAll(STDOUT_FILENO, text); }
 
-void complain(std::string_view message) { (void)writeAll(STDERR_FILENO, "quibbly: " + std::string(message) + "\n"); }
+void complain(std::string_view message) {
+  [[maybe_unused]] const std::error_code unheard = writeAll(STDERR_FILENO, "quibbly: " + std::string(message) + "\n");
+}
 
 }  // namespace quibbly

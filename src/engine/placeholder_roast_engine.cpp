@@ -1,6 +1,7 @@
 #include "engine/placeholder_roast_engine.h"
 
 #include <algorithm>
+#include <functional>
 #include <numeric>
 #include <random>
 #include <utility>

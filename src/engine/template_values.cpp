@@ -1,7 +1,5 @@
 #include "engine/template_values.h"
 
-#include <charconv>
-
 #include "records/units.h"
 
 namespace quibbly {
@@ -15,13 +13,6 @@ std::string capitalized(std::string_view word) {
   std::string text(word);
   if (text.front() >= 'a' && text.front() <= 'z') text.front() = static_cast<char>(text.front() - 'a' + 'A');
   return text;
-}
-
-/// One decimal with a point, whatever the locale.
-std::string oneDecimal(double number) {
-  std::array<char, 32> digits{};  // 64 bits of bytes are at most 11 digits of gigabytes
-  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number, std::chars_format::fixed, 1).ptr;
-  return {digits.data(), end};
 }
 
 }  // namespace

@@ -12,6 +12,7 @@
 #include "platform/linux/kernel_random.h"
 #include "platform/linux/meminfo.h"
 #include "platform/linux/platform_profile.h"
+#include "platform/linux/power_profiles_daemon.h"
 #include "platform/linux/power_supplies.h"
 #include "platform/linux/proc_stat.h"
 #include "platform/linux/session_applications.h"
@@ -19,7 +20,6 @@
 #include "platform/linux/system_wall_clock.h"
 #include "platform/linux/thermal_sensors.h"
 #include "platform/linux/x11_applications.h"
-#include "platform/qt/power_profiles_daemon.h"
 
 namespace quibbly {
 
@@ -53,7 +53,7 @@ struct Machine::Services {
   PowerSupplies power{root};
   DesktopEntries entries{
       dataDirectories({.dataHome = environment("XDG_DATA_HOME"),
-                       .home = environment("HOME"),
+                       .home = homeDirectory().string(),
                        .dataDirs = environment("XDG_DATA_DIRS")}),
       messageLocales(
           {.lcAll = environment("LC_ALL"), .lcMessages = environment("LC_MESSAGES"), .lang = environment("LANG")})};
@@ -62,7 +62,7 @@ struct Machine::Services {
   SessionApplications applications{mostTelling(windows, scopes)};
   ThermalSensors thermal{root};
   BootClockUptime uptime;
-  qt_services::PowerProfilesDaemon profilesDaemon;
+  PowerProfilesDaemon profilesDaemon;
   PlatformProfile firmwareProfile{root};
   FirstKnownLowPowerMode lowPower{{profilesDaemon, firmwareProfile}};
   SystemMonitor monitor{clock, processor, memory, home, power, applications, thermal, uptime, lowPower};

@@ -6,13 +6,23 @@
 #include "records/units.h"
 
 namespace quibbly {
+namespace {
+
+/// Unsigned differences wrap as the counters do. One of more than half the range is a counter that stepped back a little,
+/// as the kernel's waiting time does: it did not grow.
+double growth(std::uint32_t previous, std::uint32_t current) {
+  constexpr std::uint32_t halfRange = 0x8000'0000;
+  const std::uint32_t difference = current - previous;
+  return difference < halfRange ? difference : 0;
+}
+
+}  // namespace
 
 double busyFraction(const ProcessorTicks& previous, const ProcessorTicks& current) {
-  // Unsigned differences wrap as the counters do.
-  const double user = current.user - previous.user;
-  const double system = current.system - previous.system;
-  const double idle = current.idle - previous.idle;
-  const double nice = current.nice - previous.nice;
+  const double user = growth(previous.user, current.user);
+  const double system = growth(previous.system, current.system);
+  const double idle = growth(previous.idle, current.idle);
+  const double nice = growth(previous.nice, current.nice);
   const double total = user + system + idle + nice;
   if (!(total > 0.0)) return 0.0;
   return std::clamp((user + system + nice) / total, 0.0, 1.0);
@@ -25,8 +35,9 @@ double utilization(const MemoryUse& use) {
 }
 
 std::optional<std::int64_t> batteryLevel(const PowerSource& source) {
-  if (!source.currentCapacity || source.maxCapacity.value_or(0) < 1) return source.currentCapacity;
-  return wholePercent(static_cast<double>(*source.currentCapacity) / static_cast<double>(*source.maxCapacity));
+  const std::int64_t whole = source.maxCapacity.value_or(0);
+  if (!source.currentCapacity || whole < 1) return source.currentCapacity;
+  return wholePercent(static_cast<double>(*source.currentCapacity) / static_cast<double>(whole));
 }
 
 std::optional<bool> isCharging(const PowerSource& source) {

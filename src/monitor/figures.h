@@ -10,8 +10,8 @@
 
 namespace quibbly {
 
-/// Fraction 0 to 1 of the ticks between two readings that were not idle; 0 when no tick passed. A counter that is lower
-/// than before is taken to have wrapped.
+/// Fraction 0 to 1 of the ticks between two readings that were not idle; 0 when no tick passed. A counter far
+/// below its last reading has wrapped; one a little below it counts as unchanged.
 [[nodiscard]] double busyFraction(const ProcessorTicks& previous, const ProcessorTicks& current);
 
 /// Fraction 0 to 1 of physical memory in use; 0 when its size is unknown.

@@ -26,7 +26,8 @@ class SystemMonitor {
                 LowPowerMode& lowPower);
 
   /// One sample, taken after those asked for before it. It never fails: what a service does not tell is 0 or absent. The
-  /// first sample's `cpuUsage` is 0, later ones measure since the last tick reading that worked. Any thread.
+  /// first sample's `cpuUsage` is 0, later ones measure since the last tick reading that worked. A sample
+  /// still waiting when the monitor goes leaves a broken promise. Any thread.
   [[nodiscard]] std::future<SystemSnapshot> captureSnapshot();
 
  private:

@@ -1,5 +1,7 @@
 #include "records/units.h"
 
+#include <array>
+#include <charconv>
 #include <cmath>
 #include <limits>
 
@@ -19,6 +21,14 @@ std::int64_t roundedToInteger(double number) { return truncatedToInteger(std::ro
 std::int64_t wholeDays(double seconds) {
   constexpr double secondsPerDay = 86400.0;
   return truncatedToInteger(seconds / secondsPerDay);
+}
+
+std::string oneDecimal(double number) {
+  constexpr std::size_t longest = std::numeric_limits<double>::max_exponent10 + 5;  // sign, digits, point, decimal
+  std::array<char, longest> digits{};
+  const char* const end =
+      std::to_chars(digits.data(), digits.data() + digits.size(), number, std::chars_format::fixed, 1).ptr;
+  return {digits.data(), static_cast<std::size_t>(end - digits.data())};
 }
 
 std::int64_t wholePercent(double fraction) { return roundedToInteger(fraction * 100.0); }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 namespace quibbly {
 
@@ -16,6 +17,9 @@ namespace quibbly {
 
 /// Whole days of a length of time, the started one left out; the same at the limits as `truncatedToInteger`.
 [[nodiscard]] std::int64_t wholeDays(double seconds);
+
+/// The number with one decimal and a point, whatever the locale.
+[[nodiscard]] std::string oneDecimal(double number);
 
 /// A fraction as whole percent, halves away from zero; the same at the limits as `truncatedToInteger`.
 [[nodiscard]] std::int64_t wholePercent(double fraction);

@@ -33,7 +33,7 @@ TEST(CommandLineTest, bad_words_get_one_line_that_names_them) {
                                                  {{"roast", "twice"}, "twice"},
                                                  {{"sample", "-x"}, "-x"},
                                                  {{"roast", "sample"}, "sample"},
-                                                 {{"roast", "--json=maybe"}, "maybe"},
+                                                 {{"roast", "--json=maybe"}, "json"},
                                                  {{"bad\n\x1b[31mword"}, "word"},
                                                  {{}, "quibbly roast"},
                                                  {{""}, "--help"}};

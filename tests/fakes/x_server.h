@@ -26,12 +26,15 @@ class XServer {
   XServer& operator=(const XServer&) = delete;
   ~XServer() {
     if (process_ <= 0) return;
-    ::kill(process_, SIGTERM);
+    ::kill(process_, SIGKILL);
     ::waitpid(process_, nullptr, 0);
   }
 
   /// Whether the machine has the program.
   [[nodiscard]] bool installed() const { return process_ > 0; }
+  /// From now on it takes connections and answers nothing, until it resumes.
+  void hang() const { ::kill(process_, SIGSTOP); }
+  void resume() const { ::kill(process_, SIGCONT); }
   /// Such as ":99"; empty when the server did not start.
   [[nodiscard]] const std::string& display() const { return display_; }
 

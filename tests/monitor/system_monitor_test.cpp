@@ -101,6 +101,7 @@ TEST_F(Monitor, load_is_the_share_of_ticks_that_were_not_idle) {
       {"half busy, nice counts", {0, 0, 0, 0}, {30, 10, 50, 10}, 0.5},
       {"nothing passed", {5, 5, 5, 5}, {5, 5, 5, 5}, 0.0},
       {"a counter wrapped", {full - 9, 0, 0, 0}, {10, 0, 20, 0}, 0.5},
+      {"idle time stepped back", {0, 0, 100, 0}, {50, 0, 99, 0}, 1.0},
       {"idle only", {1, 1, 1, 1}, {1, 1, 9, 1}, 0.0},
       {"busy only", {1, 1, 1, 1}, {9, 1, 1, 1}, 1.0},
   };

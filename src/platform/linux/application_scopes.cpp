@@ -49,12 +49,13 @@ std::optional<ApplicationsReading> ApplicationScopes::read() {
   std::vector<std::string> units;
   if (!std::ranges::any_of(slices_, [&](const auto& slice) { return collectUnits(slice, units); })) return std::nullopt;
 
+  // A desktop that starts programs without units of their own has the slice and nothing in it: somebody else may know.
   ApplicationsReading reading;
   const DesktopIndex& index = entries_.current();
   for (const auto& unit : units) {
     if (auto application = applicationOf(unit, index)) reading.running.push_back(std::move(*application));
   }
-  return reading;
+  return reading.running.empty() ? std::nullopt : std::optional(std::move(reading));
 }
 
 }  // namespace quibbly::linux_services

@@ -11,7 +11,8 @@
 namespace quibbly::linux_services {
 
 /// The applications that run in units of the user's systemd, one entry a unit; read from the cgroup tree, so that nobody
-/// has to be asked. Which of them is in front is not known here. Absent on a machine without such units' tree.
+/// has to be asked. Which of them is in front is not known here. Absent where no application
+/// has such a unit.
 class ApplicationScopes final : public RunningApplications {
  public:
   /// `root` is the root of the file system; `entries` is used on the thread of `read`.

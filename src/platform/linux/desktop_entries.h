@@ -51,9 +51,9 @@ class DesktopEntries {
 
 /// The environment's variables XDG_DATA_HOME, HOME and XDG_DATA_DIRS; empty when unset.
 struct DataVariables {
-  std::string dataHome{};
-  std::string home{};
-  std::string dataDirs{};
+  std::string dataHome;
+  std::string home;
+  std::string dataDirs;
 };
 
 /// The directories that hold a directory `applications`, highest precedence first, each once.

@@ -10,11 +10,11 @@ namespace quibbly::linux_services {
 /// What a desktop entry file says of a program.
 struct DesktopEntry {
   /// The path below the directory `applications`, its '/' turned into '-', without ".desktop".
-  std::string id{};
+  std::string id;
   /// In the user's language; empty when the file has none.
-  std::string name{};
+  std::string name;
   /// The WM_CLASS of the program's windows; empty when the file does not tell.
-  std::string startupWmClass{};
+  std::string startupWmClass;
   /// Of the type Application.
   bool application = false;
   /// Uninstalled by the user, who cannot remove the system's file.
@@ -32,9 +32,9 @@ struct DesktopEntry {
 
 /// The environment's variables of the same names; empty when unset.
 struct LocaleVariables {
-  std::string lcAll{};
-  std::string lcMessages{};
-  std::string lang{};
+  std::string lcAll;
+  std::string lcMessages;
+  std::string lang;
 };
 
 /// The suffixes of localized keys to try, best one first: de_AT@euro, de_AT, de@euro, de. Empty for the C locale.

@@ -24,8 +24,8 @@ class SessionApplications final : public RunningApplications {
 
 /// The environment's variables WAYLAND_DISPLAY and XDG_SESSION_TYPE; empty when unset.
 struct SessionVariables {
-  std::string_view waylandDisplay{};
-  std::string_view sessionType{};
+  std::string_view waylandDisplay;
+  std::string_view sessionType;
 };
 
 /// Whether the session's windows are Wayland's. An X display then shows a few of them only, and asking it may even start

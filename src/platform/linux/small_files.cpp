@@ -57,8 +57,10 @@ std::optional<std::vector<std::string>> entryNames(const std::filesystem::path& 
   const std::unique_ptr<DIR, CloseDirectory> listing(::opendir(directory.c_str()));
   if (!listing) return std::nullopt;
   std::vector<std::string> names;
-  errno = 0;
-  for (const dirent* entry = ::readdir(listing.get()); entry != nullptr; entry = ::readdir(listing.get())) {
+  while (true) {
+    errno = 0;  // the one thing that tells an error from the end
+    const dirent* const entry = ::readdir(listing.get());
+    if (entry == nullptr) break;
     const std::string_view name = entry->d_name;
     if (name != "." && name != "..") names.emplace_back(name);
   }

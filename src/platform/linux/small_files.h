@@ -10,7 +10,7 @@
 namespace quibbly::linux_services {
 
 /// The text of a small file: of /proc, of /sys, a desktop entry. Anything but a regular file (a fifo, a device, a
-/// directory) is absent, as is a file that cannot be read; a file longer than `limit` bytes is cut there. Never waits.
+/// directory) is absent, as is a file that cannot be read; a file longer than `limit` bytes is cut there. Never waits for a writer.
 [[nodiscard]] std::optional<std::string> readFile(const std::filesystem::path& path,
                                                   std::size_t limit = std::size_t{64} * 1024);
 

@@ -10,7 +10,8 @@
 namespace quibbly::linux_services {
 
 /// Whether a total of milliseconds spent throttled says that the processor is throttled now: it grew by more than a
-/// second between two samples. A total that is missing or went backwards says nothing.
+/// second between two samples, so samples closer than that never show it. A total that is missing or went backwards says
+/// nothing. Only the first processor's counter is read: all cores of a package share its total.
 [[nodiscard]] bool isThrottled(std::optional<std::int64_t> before, std::optional<std::int64_t> now);
 
 /// The processor's temperature sensors, trip points and throttling below ROOT/sys. One call is one sample, and a level

@@ -19,8 +19,9 @@ struct Identity {
 using GroupKey = std::pair<std::uint32_t, std::string>;
 using Groups = std::map<GroupKey, std::vector<const DesktopWindow*>>;
 
-/// A sandboxed program counts processes from 1 and names a small number, as do its neighbours in their sandboxes. The
-/// kernel keeps the numbers below 300 for what starts with the machine, so a program of the user's never really has one.
+/// A sandboxed program counts processes from 1 and names a small number, as do its neighbours in their sandboxes. Outside
+/// a sandbox the numbers below 300 belong to what started with the machine (the kernel never hands them out again), so a
+/// window that names one is grouped by its class.
 std::optional<std::uint32_t> realProcessId(const DesktopWindow& window) {
   constexpr std::uint32_t firstOfUsers = 300;
   return window.processId >= firstOfUsers ? window.processId : std::nullopt;
@@ -52,13 +53,23 @@ const DesktopEntry* entryOf(const DesktopWindow& window, const DesktopIndex& ind
   return index.byId(window.className);
 }
 
-std::optional<Identity> identityOf(const DesktopWindow& window, const DesktopIndex& index) {
-  if (const auto* entry = entryOf(window, index)) {
-    return Identity{entry->name.empty() ? std::nullopt : std::optional(entry->name), bundleIdentifierFor(entry->id)};
+/// A launcher of the user's own making may claim a well-known program, so every name that the window has is looked up.
+std::optional<std::string_view> wellKnown(const DesktopWindow& window, const DesktopEntry* entry) {
+  if (entry != nullptr) {
+    if (const auto known = knownBundleIdentifier(entry->id)) return known;
   }
-  auto known = knownBundleIdentifier(window.className);
-  if (!known) known = knownBundleIdentifier(window.instance);
-  return known ? std::optional(Identity{std::nullopt, std::string(*known)}) : std::nullopt;
+  if (const auto known = knownBundleIdentifier(window.className)) return known;
+  return knownBundleIdentifier(window.instance);
+}
+
+std::optional<Identity> identityOf(const DesktopWindow& window, const DesktopIndex& index) {
+  const DesktopEntry* const entry = entryOf(window, index);
+  const auto known = wellKnown(window, entry);
+  if (entry == nullptr && !known) return std::nullopt;
+  Identity identity{.name = std::nullopt,
+                    .bundleIdentifier = std::string(known ? *known : std::string_view(entry->id))};
+  if (entry != nullptr && !entry->name.empty()) identity.name = entry->name;
+  return identity;
 }
 
 std::optional<Identity> firstIdentity(const std::vector<const DesktopWindow*>& windows, const DesktopIndex& index) {

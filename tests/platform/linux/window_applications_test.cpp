@@ -64,7 +64,7 @@ TEST(WindowApplications, an_entry_is_matched_by_startup_class_before_id_and_by_i
   for (const auto& [instance, className, bundleIdentifier, name] : std::initializer_list<Case>{
            {"office-calc", "office-writer", "calc", "Office Calc"},
            {"shell", "Shell", "terminal", "Terminal by class"},
-           {"shell", "Google-chrome", "shell", "Shell by id"},
+           {"shell", "Google-chrome", "com.google.Chrome", "Shell by id"},
            {"Navigator", "Google-chrome", "com.google.Chrome", "Chrome"},
            {"org.example.Paint", "Paint", "org.example.Paint", "Paint"},
            {"discord", "Something", "com.hnc.Discord", "Something"},
