@@ -91,6 +91,15 @@ std::optional<bool> isPowerSaver(sd_bus* bus, const DaemonName& daemon) {
 PowerProfilesDaemon::PowerProfilesDaemon(std::string busAddress) : busAddress_(std::move(busAddress)) {}
 
 std::optional<bool> PowerProfilesDaemon::enabled() {
+  const auto now = std::chrono::steady_clock::now();
+  if (now >= askAgainAt_) {
+    askAgainAt_ = now + 1min;
+    lastAnswer_ = ask();
+  }
+  return lastAnswer_;
+}
+
+std::optional<bool> PowerProfilesDaemon::ask() const {
   const Bus bus = openBus(busAddress_);
   if (!bus || !becomesReady(bus.get())) return std::nullopt;
   for (const DaemonName& daemon : daemonNames) {
