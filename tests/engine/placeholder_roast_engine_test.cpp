@@ -1,6 +1,5 @@
 #include "engine/placeholder_roast_engine.h"
 
-#include <functional>
 #include <limits>
 
 #include <gtest/gtest.h>
@@ -33,7 +32,7 @@ class RoastEngine : public ::testing::Test {
 // --- What a sample is mocked for ---
 
 struct SampleCase {
-  std::function<void(SystemSnapshot&)> change;
+  fakes::Change change;
   const char* templateId;
   const char* text = nullptr;
 };
@@ -50,21 +49,11 @@ TEST_P(WhatTheEngineMocks, first) {
   }
 }
 
+using fakes::all;
+using fakes::Change;
+using fakes::set;
 using S = SystemSnapshot;
-using Change = std::function<void(S&)>;
 using Thermal = RoastThermalState;
-
-/// Sets a field of the sample.
-template <typename Member, typename Value>
-Change set(Member S::* field, Value value) {
-  return [=](S& sample) { sample.*field = static_cast<Member>(value); };
-}
-
-Change all(std::vector<Change> changes) {
-  return [=](S& sample) {
-    for (const Change& change : changes) change(sample);
-  };
-}
 
 constexpr auto infinity = std::numeric_limits<double>::infinity();
 constexpr auto notANumber = std::numeric_limits<double>::quiet_NaN();

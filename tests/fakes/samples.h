@@ -1,5 +1,8 @@
 #pragma once
 
+#include <functional>
+#include <vector>
+
 #include "records/system_snapshot.h"
 
 namespace quibbly::fakes {
@@ -15,6 +18,21 @@ inline SystemSnapshot quietSample() {
   sample.uptimeSeconds = 86'400;
   sample.runningAppCount = 8;
   return sample;
+}
+
+/// What makes a sample less quiet: a row of a table names its changes.
+using Change = std::function<void(SystemSnapshot&)>;
+
+/// Sets a field.
+template <typename Member, typename Value>
+Change set(Member SystemSnapshot::* field, Value value) {
+  return [=](SystemSnapshot& sample) { sample.*field = static_cast<Member>(value); };
+}
+
+inline Change all(std::vector<Change> changes) {
+  return [=](SystemSnapshot& sample) {
+    for (const Change& change : changes) change(sample);
+  };
 }
 
 }  // namespace quibbly::fakes

@@ -1,6 +1,5 @@
 #include "monitor/mood_calculator.h"
 
-#include <functional>
 #include <limits>
 
 #include <gtest/gtest.h>
@@ -11,118 +10,83 @@
 namespace quibbly {
 namespace {
 
+using fakes::all;
+using fakes::Change;
+using fakes::set;
 using S = SystemSnapshot;
+using Thermal = RoastThermalState;
 using enum MacMood::Label;
 
-constexpr double GB = 1e9;
-
-void setDisk(S& s, double freeGB, double totalGB) {
-  s.diskFreeBytes = static_cast<std::uint64_t>(freeGB * GB);
-  s.diskTotalBytes = static_cast<std::uint64_t>(totalGB * GB);
+Change disk(std::uint64_t freeGB, std::optional<std::uint64_t> totalGB) {
+  constexpr std::uint64_t GB = 1'000'000'000;
+  return all({set(&S::diskFreeBytes, freeGB * GB),
+              set(&S::diskTotalBytes, totalGB ? std::optional(*totalGB * GB) : std::nullopt)});
+}
+Change days(double number) { return set(&S::uptimeSeconds, number * 86'400); }
+Change battery(int level, std::optional<bool> charging = false) {
+  return all({set(&S::batteryLevel, level), set(&S::isCharging, charging)});
 }
 
+const Change noBattery = set(&S::batteryLevel, std::nullopt);
+const Change critical = set(&S::thermalState, Thermal::critical);
+const Change fullMemory = set(&S::memoryUtilizationEstimate, 1.0);
+const Change fullDisk = set(&S::diskFreeBytes, 0);
+
 struct MoodCase {
-  const char* what;
-  std::function<void(S&)> change;
+  Change change;
   double score;
   MacMood::Label label;
 };
 
 TEST(MoodCalculatorTest, scores_the_weighted_mean_of_what_is_known) {
-  const double nan = std::numeric_limits<double>::quiet_NaN();
+  const double memory90 = 0.25 * (0.5 + 10.0 / 15.0 * 0.4);
   const MoodCase cases[] = {
-      {"quiet", [](S&) {}, 0.0, proud},
-      {"memory 90 %, no battery",
-       [](S& s) {
-         s.memoryUtilizationEstimate = 0.9;
-         s.batteryLevel.reset();
-       },
-       0.25 * (0.5 + 10.0 / 15.0 * 0.4) / 0.85 * 100, concerned},
-      {"critical heat", [](S& s) { s.thermalState = RoastThermalState::critical; }, 25.0, concerned},
-      {"critical heat, no battery",
-       [](S& s) {
-         s.thermalState = RoastThermalState::critical;
-         s.batteryLevel.reset();
-       },
-       0.25 / 0.85 * 100, concerned},
-      {"fair heat", [](S& s) { s.thermalState = RoastThermalState::fair; }, 8.75, proud},
-      {"3 GB free of an unknown size",
-       [](S& s) {
-         s.diskFreeBytes = 3'000'000'000;
-         s.diskTotalBytes.reset();
-       },
-       15.0, proud},
-      {"20 GB free of an unknown size",
-       [](S& s) {
-         s.diskFreeBytes = 20'000'000'000;
-         s.diskTotalBytes = 0;
-       },
-       0.0, proud},
-      {"2 % free", [](S& s) { setDisk(s, 40, 2000); }, 15.0, proud},
-      {"5 % free: a step, not the curve", [](S& s) { setDisk(s, 100, 2000); }, 15.0 * 0.75, proud},
-      {"4 % free: the same step", [](S& s) { setDisk(s, 80, 2000); }, 15.0 * 0.75, proud},
-      {"10 % free", [](S& s) { setDisk(s, 200, 2000); }, 15.0 * 0.4, proud},
-      {"15 % free", [](S& s) { setDisk(s, 30, 200); }, 15.0 * 0.2, proud},
-      {"25 % free of little", [](S& s) { setDisk(s, 30, 120); }, 0.0, proud},
-      {"10.5 days up", [](S& s) { s.uptimeSeconds = 10.5 * 86'400; }, 3.75, proud},
-      {"35 applications", [](S& s) { s.runningAppCount = 35; }, 7.5, proud},
-      {"battery 21 %", [](S& s) { s.batteryLevel = 21; }, 0.0, proud},
-      {"battery 20 %", [](S& s) { s.batteryLevel = 20; }, 6.0, proud},
-      {"battery 9 %", [](S& s) { s.batteryLevel = 9; }, 12.0, proud},
-      {"battery 4 %", [](S& s) { s.batteryLevel = 4; }, 15.0, proud},
-      {"battery 10 %, charging",
-       [](S& s) {
-         s.batteryLevel = 10;
-         s.isCharging = true;
-       },
-       1.5, proud},
-      {"battery 5 %, charging unknown",
-       [](S& s) {
-         s.batteryLevel = 5;
-         s.isCharging.reset();
-       },
-       12.0, proud},
-      {"everything at its worst",
-       [](S& s) {
-         s.memoryUtilizationEstimate = 1.0;
-         s.thermalState = RoastThermalState::critical;
-         s.diskFreeBytes = 0;
-         s.uptimeSeconds = 60 * 86'400;
-         s.runningAppCount = 80;
-         s.batteryLevel = 2;
-       },
-       100.0, requestingNewOwner},
-      {"memory that is no number counts as full", [nan](S& s) { s.memoryUtilizationEstimate = nan; }, 25.0, concerned},
+      {all({}), 0.0, proud},
+      {all({set(&S::memoryUtilizationEstimate, 0.9), noBattery}), memory90 / 0.85 * 100, concerned},
+      {set(&S::memoryUtilizationEstimate, std::numeric_limits<double>::quiet_NaN()), 25.0, concerned},
+      {critical, 25.0, concerned},
+      {all({critical, noBattery}), 0.25 / 0.85 * 100, concerned},
+      {set(&S::thermalState, Thermal::serious), 18.75, proud},
+      {set(&S::thermalState, Thermal::fair), 8.75, proud},
+      {disk(3, std::nullopt), 15.0, proud},
+      {disk(20, std::nullopt), 0.0, proud},
+      {disk(20, 0), 0.0, proud},
+      {disk(40, 2000), 15.0, proud},
+      {disk(80, 2000), 15.0 * 0.75, proud},  // a step, not the curve
+      {disk(100, 2000), 15.0 * 0.75, proud},
+      {disk(200, 2000), 15.0 * 0.4, proud},
+      {disk(30, 200), 15.0 * 0.2, proud},
+      {disk(30, 120), 0.0, proud},
+      {days(10.5), 3.75, proud},
+      {set(&S::runningAppCount, 35), 7.5, proud},
+      {battery(21), 0.0, proud},
+      {battery(20), 6.0, proud},
+      {battery(9), 12.0, proud},
+      {battery(4), 15.0, proud},
+      {battery(10, true), 1.5, proud},
+      {battery(5, std::nullopt), 12.0, proud},
+      {all({fullMemory, critical, fullDisk, days(60), set(&S::runningAppCount, 80), battery(2)}), 100.0,
+       requestingNewOwner},
   };
   for (const MoodCase& c : cases) {
     S sample = fakes::quietSample();
     c.change(sample);
     const MacMood mood = MoodCalculator::score(sample);
-    EXPECT_NEAR(mood.score, c.score, 1e-9) << c.what;
-    EXPECT_EQ(mood.label, c.label) << c.what;
+    EXPECT_NEAR(mood.score, c.score, 1e-9) << &c - cases;
+    EXPECT_EQ(mood.label, c.label) << &c - cases;
   }
 }
 
 TEST(MoodCalculatorTest, each_bound_belongs_to_the_lower_label) {
-  struct BoundCase {
-    double score;
-    MacMood::Label label;
-    std::function<void(S&)> change;
+  const MoodCase cases[] = {
+      {all({fullDisk, days(14)}), 20.0, proud},
+      {all({critical, battery(1)}), 40.0, concerned},
+      {all({fullMemory, critical, days(30)}), 60.0, disappointed},
+      {all({fullMemory, critical, fullDisk, battery(1)}), 80.0, judgingYou},
+      {all({fullMemory, critical, fullDisk, battery(1), days(14), set(&S::runningAppCount, 50)}), 95.0,
+       preparingComplaint},
   };
-  const auto fullDisk = [](S& s) { s.diskFreeBytes = 0; };
-  const auto fullMemory = [](S& s) { s.memoryUtilizationEstimate = 1.0; };
-  const auto heat = [](S& s) { s.thermalState = RoastThermalState::critical; };
-  const auto emptyBattery = [](S& s) { s.batteryLevel = 1; };
-  const auto up = [](S& s, double days) { s.uptimeSeconds = days * 86'400; };
-  const BoundCase cases[] = {
-      {20.0, proud, [&](S& s) { fullDisk(s), up(s, 14); }},
-      {40.0, concerned, [&](S& s) { heat(s), emptyBattery(s); }},
-      {60.0, disappointed, [&](S& s) { fullMemory(s), heat(s), up(s, 30); }},
-      {80.0, judgingYou, [&](S& s) { fullMemory(s), heat(s), fullDisk(s), emptyBattery(s); }},
-      {95.0, preparingComplaint,
-       [&](S& s) { fullMemory(s), heat(s), fullDisk(s), emptyBattery(s), up(s, 14), s.runningAppCount = 50; }},
-  };
-  for (const BoundCase& c : cases) {
+  for (const MoodCase& c : cases) {
     S sample = fakes::quietSample();
     c.change(sample);
     EXPECT_EQ(MoodCalculator::score(sample).score, c.score);

@@ -42,11 +42,6 @@ TEST(RecentRoastHistoryTest, a_repeated_text_is_kept_and_an_absent_template_id_c
   EXPECT_THAT(updated.templateIds, ElementsAre("id_1"));
 }
 
-TEST(RecentRoastHistoryTest, a_history_stored_too_long_is_cut_to_twelve) {
-  const RecentRoastHistory tooLong{.texts = numbered("text", 40), .templateIds = {}, .lastNotificationBody = {}};
-  EXPECT_EQ(tooLong.recording("new", "id").texts.size(), 12u);
-}
-
 TEST(RawValueTest, only_the_exact_text_makes_a_case) {
   EXPECT_EQ(fromRawValue<MacMood::Label>("Judging You"), MacMood::Label::judgingYou);
   EXPECT_EQ(fromRawValue<MacMood::Label>("judging you"), std::nullopt);
@@ -55,13 +50,6 @@ TEST(RawValueTest, only_the_exact_text_makes_a_case) {
   EXPECT_EQ(fromRawValue<Intensity>("Savage"), std::nullopt);
   EXPECT_EQ(displayText(Intensity::savage), "Savage");
   EXPECT_EQ(fromRawValue<RandomRoastInterval>(2), std::nullopt);
-}
-
-TEST(RawValueTest, cases_come_in_order_of_rising_trouble) {
-  EXPECT_THAT(allCases<RoastThermalState>(), ElementsAre(RoastThermalState::nominal, RoastThermalState::fair,
-                                                         RoastThermalState::serious, RoastThermalState::critical));
-  EXPECT_EQ(allCases<MacMood::Label>().back(), MacMood::Label::requestingNewOwner);
-  EXPECT_EQ(allCases<MacMood::Label>().size(), 6u);
 }
 
 TEST(RandomRoastIntervalTest, a_stored_number_of_minutes_that_is_no_interval_means_off) {
