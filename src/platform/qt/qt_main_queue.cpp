@@ -1,0 +1,115 @@
+#include "platform/qt/qt_main_queue.h"
+
+#include <cstdint>
+#include <ctime>
+#include <deque>
+#include <mutex>
+#include <optional>
+#include <sys/timerfd.h>
+#include <unistd.h>
+#include <utility>
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <QObject>
+#include <QSocketNotifier>
+
+#include "platform/timed_work.h"
+
+namespace quibbly::qt_services {
+namespace {
+
+ContinuousClock::time_point bootTime() {
+  timespec time{};
+  ::clock_gettime(CLOCK_BOOTTIME, &time);
+  return ContinuousClock::time_point(std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec));
+}
+
+itimerspec oneShotAt(ContinuousClock::time_point moment) {
+  const auto sinceBoot = moment.time_since_epoch();
+  const auto seconds = std::chrono::floor<std::chrono::seconds>(sinceBoot);
+  itimerspec setting{};
+  setting.it_value.tv_sec = seconds.count();
+  setting.it_value.tv_nsec = (sinceBoot - seconds).count();
+  // A value of zero would disarm the timer.
+  if (sinceBoot.count() <= 0) setting.it_value = {.tv_sec = 0, .tv_nsec = 1};
+  return setting;
+}
+
+}  // namespace
+
+/// Receives the events that wake the queue. Posted work is taken a turn at a time, so that work which posts work cannot
+/// keep the event loop from everything else.
+class QtMainQueue::Loop : public QObject {
+ public:
+  Loop()
+      : timer_(::timerfd_create(CLOCK_BOOTTIME, TFD_NONBLOCK | TFD_CLOEXEC)), notifier_(timer_, QSocketNotifier::Read) {
+    QObject::connect(&notifier_, &QSocketNotifier::activated, this, [this] { runDue(); });
+  }
+  Loop(const Loop&) = delete;
+  Loop& operator=(const Loop&) = delete;
+  ~Loop() override { ::close(timer_); }
+
+  void post(Work work) {
+    const std::lock_guard lock(mutex_);
+    posted_.push_back(std::move(work));
+    if (posted_.size() == 1) QCoreApplication::postEvent(this, new QEvent(QEvent::User));
+  }
+
+  TimerId runAt(ContinuousClock::time_point deadline, Work work) {
+    const TimerId timer = timed_.add(deadline, std::move(work));
+    arm();
+    return timer;
+  }
+
+  void cancel(TimerId timer) {
+    timed_.cancel(timer);
+    arm();
+  }
+
+ protected:
+  void customEvent(QEvent*) override {
+    std::unique_lock lock(mutex_);
+    auto turn = std::exchange(posted_, {});
+    lock.unlock();
+    for (Work& work : turn) work();
+  }
+
+ private:
+  void runDue() {
+    std::uint64_t expirations = 0;
+    (void)!::read(timer_, &expirations, sizeof expirations);
+    armed_.reset();
+    // Only what was due on waking: a loop that schedules itself at once gets its turn after everybody else's.
+    const auto now = bootTime();
+    while (auto work = timed_.takeDue(now)) (*work)();
+    arm();
+  }
+
+  void arm() {
+    const auto next = timed_.nextDeadline();
+    if (next == armed_) return;
+    armed_ = next;
+    const itimerspec setting = next ? oneShotAt(*next) : itimerspec{};
+    ::timerfd_settime(timer_, TFD_TIMER_ABSTIME, &setting, nullptr);
+  }
+
+  int timer_;
+  QSocketNotifier notifier_;
+  TimedWork timed_;
+  std::optional<ContinuousClock::time_point> armed_;
+  std::mutex mutex_;
+  std::deque<Work> posted_;
+};
+
+QtMainQueue::QtMainQueue() : loop_(std::make_unique<Loop>()) {}
+QtMainQueue::~QtMainQueue() { dropTasks(); }
+
+void QtMainQueue::post(Work work) { loop_->post(std::move(work)); }
+MainQueue::TimerId QtMainQueue::runAt(ContinuousClock::time_point deadline, Work work) {
+  return loop_->runAt(deadline, std::move(work));
+}
+void QtMainQueue::cancel(TimerId timer) { loop_->cancel(timer); }
+ContinuousClock::time_point QtMainQueue::now() const { return bootTime(); }
+
+}  // namespace quibbly::qt_services

@@ -1,0 +1,72 @@
+#pragma once
+
+#include <algorithm>
+#include <deque>
+#include <mutex>
+#include <utility>
+
+#include "platform/main_queue.h"
+#include "platform/timed_work.h"
+
+namespace quibbly::fakes {
+
+/// A main queue whose clock stands still until the test moves it.
+class ManualQueue : public MainQueue {
+ public:
+  ~ManualQueue() override { dropTasks(); }
+
+  void post(Work work) override {
+    const std::lock_guard lock(mutex_);
+    posted_.push_back(std::move(work));
+  }
+  TimerId runAt(ContinuousClock::time_point deadline, Work work) override {
+    return timed_.add(deadline, std::move(work));
+  }
+  void cancel(TimerId timer) override { timed_.cancel(timer); }
+  [[nodiscard]] ContinuousClock::time_point now() const override { return now_; }
+
+  /// Runs what is posted and what is due, until nothing of either is left.
+  void run() {
+    while (runPosted() || runDue()) {
+    }
+  }
+
+  /// Moves the clock from deadline to deadline up to the duration's end, running what comes due on the way.
+  void advance(ContinuousClock::duration duration) {
+    const auto end = now_ + duration;
+    run();
+    while (timed_.nextDeadline() && *timed_.nextDeadline() <= end) {
+      now_ = std::max(now_, *timed_.nextDeadline());
+      run();
+    }
+    now_ = end;
+  }
+
+  /// Moves the clock in one jump, as a machine does that slept, and only then runs what is overdue.
+  void jump(ContinuousClock::duration duration) {
+    now_ += duration;
+    run();
+  }
+
+ private:
+  bool runPosted() {
+    std::unique_lock lock(mutex_);
+    if (posted_.empty()) return false;
+    auto turn = std::exchange(posted_, {});
+    lock.unlock();
+    for (auto& work : turn) work();
+    return true;
+  }
+  bool runDue() {
+    auto work = timed_.takeDue(now_);
+    if (work) (*work)();
+    return work.has_value();
+  }
+
+  std::mutex mutex_;
+  std::deque<Work> posted_;
+  TimedWork timed_;
+  ContinuousClock::time_point now_{};
+};
+
+}  // namespace quibbly::fakes
