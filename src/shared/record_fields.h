@@ -8,6 +8,10 @@
 #include "records/mac_mood.h"
 #include "records/recent_roast_history.h"
 #include "records/system_snapshot.h"
+#include "shared/pending_notify.h"
+#include "shared/roast_request.h"
+#include "shared/widget_generation.h"
+#include "shared/widget_snapshot.h"
 
 namespace quibbly {
 
@@ -39,6 +43,29 @@ template <>
 inline constexpr auto recordFields<RecentRoastHistory> =
     std::tuple(Field{"lastNotificationBody", &RecentRoastHistory::lastNotificationBody},
                Field{"templateIds", &RecentRoastHistory::templateIds}, Field{"texts", &RecentRoastHistory::texts});
+
+template <>
+inline constexpr auto recordFields<WidgetSnapshot> = std::tuple(
+    Field{"batteryLevel", &WidgetSnapshot::batteryLevel}, Field{"capturedAt", &WidgetSnapshot::capturedAt},
+    Field{"cpuUsageEstimate", &WidgetSnapshot::cpuUsageEstimate},
+    Field{"diskFreeBytes", &WidgetSnapshot::diskFreeBytes},
+    Field{"memoryUtilizationEstimate", &WidgetSnapshot::memoryUtilizationEstimate},
+    Field{"mood", &WidgetSnapshot::mood}, Field{"runningAppCount", &WidgetSnapshot::runningAppCount},
+    Field{"thermalState", &WidgetSnapshot::thermalState}, Field{"uptimeSeconds", &WidgetSnapshot::uptimeSeconds});
+
+template <>
+inline constexpr auto recordFields<WidgetGeneration> =
+    std::tuple(Field{"roastPreview", &WidgetGeneration::roastPreview}, Field{"token", &WidgetGeneration::token},
+               Field{"updatedAt", &WidgetGeneration::updatedAt});
+
+template <>
+inline constexpr auto recordFields<RoastRequest> =
+    std::tuple(Field{"createdAt", &RoastRequest::createdAt}, Field{"source", &RoastRequest::source});
+
+template <>
+inline constexpr auto recordFields<PendingNotify> =
+    std::tuple(Field{"body", &PendingNotify::body}, Field{"category", &PendingNotify::category},
+               Field{"createdAt", &PendingNotify::createdAt}, Field{"title", &PendingNotify::title});
 
 /// Printed, never stored.
 template <>
