@@ -1,0 +1,171 @@
+#include "platform/linux/sqlite_preference_store.h"
+
+#include <cstring>
+#include <fcntl.h>
+#include <utility>
+
+#include <sqlite3.h>
+
+#include "platform/linux/file_descriptor.h"
+#include "platform/linux/posix_file_system.h"
+
+namespace quibbly::linux_services {
+namespace {
+
+struct CloseDatabase {
+  void operator()(sqlite3* database) const { sqlite3_close(database); }
+};
+struct FinalizeStatement {
+  void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
+};
+using Statement = std::unique_ptr<sqlite3_stmt, FinalizeStatement>;
+
+constexpr const char* schema =
+    "PRAGMA journal_mode = WAL;"
+    "PRAGMA synchronous = NORMAL;"
+    "CREATE TABLE IF NOT EXISTS preferences (key TEXT NOT NULL PRIMARY KEY, value) WITHOUT ROWID;";
+
+/// SQLite would make the file readable for everybody that the user's mask lets in; the files beside it take its mode.
+bool makeFile(const std::filesystem::path& file) {
+  constexpr mode_t forTheUserAlone = 0600;
+  if (PosixFileSystem().createDirectories(file.parent_path())) return false;
+  const FileDescriptor made(
+      ::open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, forTheUserAlone));
+  return static_cast<bool>(made);
+}
+
+void bind(sqlite3_stmt* statement, int place, std::int64_t value) { sqlite3_bind_int64(statement, place, value); }
+void bind(sqlite3_stmt* statement, int place, double value) { sqlite3_bind_double(statement, place, value); }
+void bind(sqlite3_stmt* statement, int place, std::string_view value) {
+  sqlite3_bind_text64(statement, place, value.data(), value.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
+}
+void bind(sqlite3_stmt* statement, int place, const Bytes& value) {
+  // A null pointer would bind NULL, even with a length of 0.
+  const void* const data = value.empty() ? static_cast<const void*>("") : value.data();
+  sqlite3_bind_blob64(statement, place, data, value.size(), SQLITE_TRANSIENT);
+}
+
+std::optional<PreferenceValue> columnValue(sqlite3_stmt* statement, int column) {
+  switch (sqlite3_column_type(statement, column)) {
+    case SQLITE_INTEGER:
+      return std::int64_t{sqlite3_column_int64(statement, column)};
+    case SQLITE_FLOAT:
+      return sqlite3_column_double(statement, column);
+    case SQLITE_TEXT:
+    case SQLITE_BLOB: {
+      const bool isText = sqlite3_column_type(statement, column) == SQLITE_TEXT;
+      const void* const data = sqlite3_column_blob(statement, column);
+      const auto size = static_cast<std::size_t>(sqlite3_column_bytes(statement, column));
+      if (isText) return std::string(static_cast<const char*>(data), size);
+      Bytes bytes(size);
+      if (size > 0) std::memcpy(bytes.data(), data, size);
+      return bytes;
+    }
+    default:
+      return std::nullopt;
+  }
+}
+
+}  // namespace
+
+/// An open database with its statements.
+class SqlitePreferenceStore::Database {
+ public:
+  /// Null when the file cannot be made or opened, or is no database.
+  static std::unique_ptr<Database> openAt(const std::filesystem::path& file, std::chrono::milliseconds patience) {
+    if (!makeFile(file)) return nullptr;
+    auto database = std::make_unique<Database>();
+    sqlite3* opened = nullptr;
+    const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOFOLLOW | SQLITE_OPEN_NOMUTEX;
+    const int status = sqlite3_open_v2(file.c_str(), &opened, flags, nullptr);
+    database->handle_.reset(opened);
+    return status == SQLITE_OK && database->prepareAll(patience) ? std::move(database) : nullptr;
+  }
+
+  std::optional<PreferenceValue> value(std::string_view key) {
+    bind(find_.get(), 1, key);
+    const int status = sqlite3_step(find_.get());
+    auto found = status == SQLITE_ROW ? columnValue(find_.get(), 0) : std::nullopt;
+    sqlite3_reset(find_.get());
+    return found;
+  }
+
+  std::map<std::string, PreferenceValue> all() {
+    std::map<std::string, PreferenceValue> values;
+    while (sqlite3_step(list_.get()) == SQLITE_ROW) {
+      const auto key = columnValue(list_.get(), 0);
+      auto value = columnValue(list_.get(), 1);
+      if (key && value) values.emplace(std::get<std::string>(*key), std::move(*value));
+    }
+    sqlite3_reset(list_.get());
+    return values;
+  }
+
+  bool apply(std::span<const PreferenceChange> changes) {
+    // Locked for writing from the start: a transaction that turns into a writer halfway may fail without being waited for.
+    if (!run("BEGIN IMMEDIATE")) return false;
+    for (const PreferenceChange& change : changes) {
+      if (!applyOne(change)) return run("ROLLBACK") && false;
+    }
+    return run("COMMIT") || (run("ROLLBACK") && false);
+  }
+
+ private:
+  bool prepareAll(std::chrono::milliseconds patience) {
+    sqlite3_busy_timeout(handle_.get(), static_cast<int>(patience.count()));
+    if (!run(schema)) return false;
+    find_ = prepared("SELECT value FROM preferences WHERE key = ?1");
+    list_ = prepared("SELECT key, value FROM preferences ORDER BY key");
+    put_ = prepared("INSERT INTO preferences VALUES (?1, ?2) ON CONFLICT (key) DO UPDATE SET value = ?2");
+    remove_ = prepared("DELETE FROM preferences WHERE key = ?1");
+    return find_ && list_ && put_ && remove_;
+  }
+
+  bool run(const char* sql) { return sqlite3_exec(handle_.get(), sql, nullptr, nullptr, nullptr) == SQLITE_OK; }
+
+  Statement prepared(const char* sql) {
+    sqlite3_stmt* statement = nullptr;
+    sqlite3_prepare_v3(handle_.get(), sql, -1, SQLITE_PREPARE_PERSISTENT, &statement, nullptr);
+    return Statement(statement);
+  }
+
+  bool applyOne(const PreferenceChange& change) {
+    sqlite3_stmt* const statement = change.value ? put_.get() : remove_.get();
+    bind(statement, 1, std::string_view(change.key));
+    if (change.value) std::visit([&](const auto& value) { bind(statement, 2, value); }, *change.value);
+    const bool done = sqlite3_step(statement) == SQLITE_DONE;
+    sqlite3_reset(statement);
+    return done;
+  }
+
+  // First, so that it is closed after its statements are gone.
+  std::unique_ptr<sqlite3, CloseDatabase> handle_;
+  Statement find_;
+  Statement list_;
+  Statement put_;
+  Statement remove_;
+};
+
+SqlitePreferenceStore::SqlitePreferenceStore(std::filesystem::path file, std::chrono::milliseconds patience)
+    : file_(std::move(file)), patience_(patience) {}
+SqlitePreferenceStore::~SqlitePreferenceStore() = default;
+
+bool SqlitePreferenceStore::open() {
+  if (!database_) database_ = Database::openAt(file_, patience_);
+  return database_ != nullptr;
+}
+
+std::optional<PreferenceValue> SqlitePreferenceStore::value(std::string_view key) {
+  return open() ? database_->value(key) : std::nullopt;
+}
+
+std::map<std::string, PreferenceValue> SqlitePreferenceStore::all() {
+  return open() ? database_->all() : std::map<std::string, PreferenceValue>();
+}
+
+std::error_code SqlitePreferenceStore::apply(std::span<const PreferenceChange> changes) {
+  const bool applied = open() && database_->apply(changes);
+  return applied ? std::error_code() : std::make_error_code(std::errc::io_error);
+}
+
+}  // namespace quibbly::linux_services

@@ -1,0 +1,139 @@
+// What every preference store must do, on the one in memory and on the one on SQLite; then what only files can suffer.
+
+#include <fstream>
+#include <limits>
+#include <memory>
+#include <sstream>
+#include <sys/stat.h>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sqlite3.h>
+
+#include "fakes/file_tree.h"
+#include "fakes/memory_preference_store.h"
+#include "platform/linux/sqlite_preference_store.h"
+
+namespace quibbly::linux_services {
+namespace {
+
+using ::testing::IsEmpty;
+using ::testing::Pair;
+using ::testing::UnorderedElementsAre;
+using namespace std::chrono_literals;
+
+using MakeStore = std::unique_ptr<PreferenceStore> (*)(const std::filesystem::path& file);
+
+class PreferenceStoreContract : public ::testing::TestWithParam<MakeStore> {
+ protected:
+  fakes::FileTree tree_;
+  std::unique_ptr<PreferenceStore> store_ = GetParam()(tree_.root() / "config/quibbly/store.db");
+};
+
+TEST_P(PreferenceStoreContract, values_come_back_as_they_were_and_only_as_what_they_are) {
+  const PreferenceValue values[] = {std::int64_t{0},
+                                    std::numeric_limits<std::int64_t>::min(),
+                                    0.1,
+                                    -0.0,
+                                    std::numeric_limits<double>::infinity(),
+                                    std::string(),
+                                    std::string("“ö”\0x", 9),
+                                    Bytes{},
+                                    Bytes{std::byte{0}, std::byte{255}},
+                                    std::string("7"),
+                                    7.0};
+  for (const PreferenceValue& value : values) {
+    ASSERT_EQ(store_->set("key", value), std::error_code());
+    EXPECT_EQ(store_->value("key"), value) << value.index();
+    EXPECT_EQ(store_->get<std::int64_t>("key").has_value(), value.index() == 0);
+    EXPECT_EQ(store_->get<double>("key").has_value(), value.index() == 1);
+    EXPECT_EQ(store_->get<std::string>("key").has_value(), value.index() == 2);
+    EXPECT_EQ(store_->get<Bytes>("key").has_value(), value.index() == 3);
+  }
+}
+
+TEST_P(PreferenceStoreContract, a_change_sets_and_removes_in_order) {
+  ASSERT_EQ(store_->set("old", std::int64_t{1}), std::error_code());
+  const PreferenceChange changes[] = {{.key = "old", .value = std::nullopt},
+                                      {.key = "a", .value = std::int64_t{1}},
+                                      {.key = "a", .value = 2.0},
+                                      {.key = "never", .value = std::nullopt}};
+  ASSERT_EQ(store_->apply(changes), std::error_code());
+  EXPECT_THAT(store_->all(), UnorderedElementsAre(Pair("a", PreferenceValue(2.0))));
+  EXPECT_FALSE(store_->contains("old"));
+  ASSERT_EQ(store_->remove("a"), std::error_code());
+  EXPECT_THAT(store_->all(), IsEmpty());
+}
+
+TEST_P(PreferenceStoreContract, a_number_that_is_none_reads_as_missing) {
+  ASSERT_EQ(store_->set("nan", std::numeric_limits<double>::quiet_NaN()), std::error_code());
+  EXPECT_FALSE(store_->contains("nan"));
+  EXPECT_THAT(store_->all(), IsEmpty());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Stores, PreferenceStoreContract,
+    ::testing::Values(MakeStore{[](const std::filesystem::path&) -> std::unique_ptr<PreferenceStore> {
+                        return std::make_unique<fakes::MemoryPreferenceStore>();
+                      }},
+                      MakeStore{[](const std::filesystem::path& file) -> std::unique_ptr<PreferenceStore> {
+                        return std::make_unique<SqlitePreferenceStore>(file);
+                      }}));
+
+class SqliteStore : public ::testing::Test {
+ protected:
+  fakes::FileTree tree_;
+  std::filesystem::path file_ = tree_.root() / "quibbly/store.db";
+};
+
+TEST_F(SqliteStore, is_shared_by_its_openers_and_is_the_users_own) {
+  ::umask(0);
+  SqlitePreferenceStore one(file_);
+  SqlitePreferenceStore other(file_);
+  ASSERT_EQ(one.set("key", std::int64_t{1}), std::error_code());
+  EXPECT_EQ(other.get<std::int64_t>("key"), 1);
+  ASSERT_EQ(other.set("key", std::int64_t{2}), std::error_code());
+  EXPECT_EQ(one.get<std::int64_t>("key"), 2);
+  for (const auto& entry : std::filesystem::directory_iterator(file_.parent_path())) {
+    EXPECT_EQ(entry.status().permissions(), std::filesystem::perms(0600)) << entry;
+  }
+  EXPECT_EQ(std::filesystem::status(file_.parent_path()).permissions(), std::filesystem::perms(0700));
+}
+
+TEST_F(SqliteStore, that_others_keep_locked_is_given_up_on_and_works_again_later) {
+  SqlitePreferenceStore store(file_, 10ms);
+  ASSERT_EQ(store.set("key", std::int64_t{1}), std::error_code());
+  sqlite3* locker = nullptr;
+  sqlite3_open(file_.c_str(), &locker);
+  sqlite3_exec(locker, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr);
+  EXPECT_TRUE(store.set("key", std::int64_t{2}));
+  EXPECT_EQ(store.get<std::int64_t>("key"), 1);
+  sqlite3_close(locker);
+  EXPECT_FALSE(store.set("key", std::int64_t{3}));
+  EXPECT_EQ(store.get<std::int64_t>("key"), 3);
+}
+
+TEST_F(SqliteStore, that_is_no_database_is_unavailable_and_left_as_it_is) {
+  const std::string garbage(5000, 'x');
+  tree_.add("quibbly/store.db", garbage);
+  SqlitePreferenceStore store(file_);
+  EXPECT_FALSE(store.open());
+  EXPECT_TRUE(store.set("key", std::int64_t{1}));
+  EXPECT_EQ(store.value("key"), std::nullopt);
+  std::ostringstream content;
+  content << std::ifstream(file_).rdbuf();
+  EXPECT_EQ(content.str(), garbage);
+}
+
+TEST_F(SqliteStore, in_a_place_where_no_file_can_be_is_unavailable_and_never_waits) {
+  tree_.fifo("quibbly/store.db");
+  EXPECT_FALSE(SqlitePreferenceStore(file_).open());
+  tree_.add("file", "");
+  EXPECT_FALSE(SqlitePreferenceStore(tree_.root() / "file/store.db").open());
+  tree_.link("link.db", (tree_.root() / "target.db").string());
+  EXPECT_FALSE(SqlitePreferenceStore(tree_.root() / "link.db").open());
+  EXPECT_FALSE(std::filesystem::exists(tree_.root() / "target.db"));
+}
+
+}  // namespace
+}  // namespace quibbly::linux_services
