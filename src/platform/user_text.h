@@ -1,0 +1,20 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace quibbly {
+
+/// Text as people see it. Any thread.
+class UserText {
+ public:
+  virtual ~UserText() = default;
+  /// Whether the bytes are UTF-8.
+  [[nodiscard]] virtual bool isUtf8(std::string_view text) const = 0;
+  /// The first so many characters as people count them: an emoji family, a flag, a letter with its accents are one each.
+  /// The whole text when it has no more.
+  [[nodiscard]] virtual std::string firstCharacters(std::string_view text, std::size_t count) const = 0;
+};
+
+}  // namespace quibbly

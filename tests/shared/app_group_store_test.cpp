@@ -1,0 +1,203 @@
+#include "shared/app_group_store.h"
+
+#include <limits>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "fakes/file_tree.h"
+#include "fakes/fixed_clock.h"
+#include "fakes/fixed_container.h"
+#include "fakes/memory_preference_store.h"
+#include "platform/linux/icu_user_text.h"
+#include "platform/linux/kernel_random.h"
+#include "platform/linux/posix_file_system.h"
+#include "shared/epoch_seconds.h"
+#include "shared/widget_generation.h"
+
+namespace quibbly {
+namespace {
+
+using ::testing::MatchesRegex;
+using namespace std::chrono_literals;
+
+constexpr auto aUuid = "[0-9A-F]{8}(-[0-9A-F]{4}){3}-[0-9A-F]{12}";
+const Date noon = std::chrono::sys_days{std::chrono::year{2026} / 11 / 17} + 12h;
+
+LastRoast someRoast() {
+  return {.text = "Line one.\nLine two.",
+          .category = "ram",
+          .ruleId = "ram_high",
+          .templateId = "ram_1",
+          .mood = {.score = 66.5, .label = MacMood::Label::judgingYou},
+          .createdAt = noon};
+}
+
+WidgetSnapshot someSnapshot() {
+  return {.capturedAt = noon - 9s,
+          .cpuUsageEstimate = 0.25,
+          .memoryUtilizationEstimate = 0.91,
+          .diskFreeBytes = 7,
+          .batteryLevel = 87,
+          .uptimeSeconds = 200'000,
+          .runningAppCount = 24,
+          .thermalState = RoastThermalState::fair,
+          .mood = {.score = 1, .label = MacMood::Label::proud}};
+}
+
+class GroupStore : public ::testing::Test {
+ protected:
+  /// What a widget sees of `someRoast` and `someSnapshot`, with the generation put in.
+  AppGroupStore::WidgetPayload somePayload(std::string generation) {
+    return {.text = "Line one.\nLine two.",
+            .category = "ram",
+            .mood = "Judging You",
+            .createdAt = noon,
+            .ram = 0.91,
+            .apps = 24,
+            .uptimeDays = 2,
+            .thermal = "fair",
+            .battery = 87,
+            .generation = std::move(generation)};
+  }
+  void publishSome() { store_.publish(someRoast(), someSnapshot()); }
+  std::string file(const std::string& name) { return *storage_.readText(name); }
+
+  fakes::FileTree tree_;
+  fakes::FixedClock clock_;
+  fakes::FixedContainer container_{tree_.root()};
+  fakes::MemoryPreferenceStore preferences_;
+  linux_services::PosixFileSystem files_;
+  linux_services::KernelRandom random_;
+  linux_services::IcuUserText userText_;
+  SharedStorage storage_{container_, files_, random_};
+  AppGroupStore store_{storage_, preferences_, clock_, random_, userText_};
+};
+
+TEST_F(GroupStore, a_publication_is_one_transaction_of_fifteen_keys_and_four_files) {
+  publishSome();
+  EXPECT_EQ(preferences_.transactions, 1);
+  EXPECT_EQ(preferences_.all().size(), 15U);
+  const auto token = preferences_.get<std::string>("generationToken").value();
+  EXPECT_THAT(token, MatchesRegex(aUuid));
+  EXPECT_EQ(preferences_.get<double>("roastAt"), epochSeconds(noon));
+  EXPECT_EQ(preferences_.get<double>("snapAt"), epochSeconds(noon) - 9);
+  EXPECT_EQ(preferences_.get<double>("generationAt"), epochSeconds(clock_.time));
+  EXPECT_EQ(preferences_.get<std::string>("roastTemplateId"), "ram_1");
+  EXPECT_EQ(file("currentRoast.txt"), token + "\nJudging You\nLine one.\nLine two.");
+  EXPECT_EQ(storage_.read<LastRoast>("lastRoast.json"), someRoast());
+  EXPECT_EQ(storage_.read<WidgetSnapshot>("widgetSnapshot.json"), someSnapshot());
+  const auto generation = storage_.read<WidgetGeneration>("widgetGeneration.json").value();
+  EXPECT_THAT(generation.token, MatchesRegex(aUuid));
+  EXPECT_NE(generation.token, token);
+  EXPECT_EQ(generation.updatedAt, clock_.time);
+  EXPECT_EQ(generation.roastPreview, "Line one.\nLine two.");
+}
+
+TEST_F(GroupStore, what_is_absent_empties_or_removes_its_key) {
+  publishSome();
+  LastRoast roast = someRoast();
+  roast.templateId.reset();
+  WidgetSnapshot snapshot = someSnapshot();
+  snapshot.batteryLevel.reset();
+  store_.publish(roast, snapshot);
+  EXPECT_EQ(preferences_.get<std::string>("roastTemplateId"), "");
+  EXPECT_FALSE(preferences_.contains("battery"));
+  EXPECT_EQ(store_.widgetPayload()->battery, std::nullopt);
+}
+
+TEST_F(GroupStore, a_record_that_cannot_be_encoded_leaves_the_last_one_of_its_kind) {
+  publishSome();
+  WidgetSnapshot mad = someSnapshot();
+  mad.uptimeSeconds = std::numeric_limits<double>::infinity();
+  store_.publish(someRoast(), mad);
+  EXPECT_EQ(store_.widgetSnapshot(), someSnapshot());
+  EXPECT_EQ(storage_.read<WidgetSnapshot>("widgetSnapshot.json"), someSnapshot());
+  EXPECT_EQ(store_.widgetPayload()->uptimeDays, std::nullopt);
+}
+
+TEST_F(GroupStore, readers_go_from_the_preferences_to_the_text_to_the_files) {
+  EXPECT_EQ(store_.widgetPayload(), std::nullopt);
+  publishSome();
+  const std::string token = *preferences_.get<std::string>("generationToken");
+  EXPECT_EQ(store_.widgetPayload(), somePayload(token));
+
+  ASSERT_FALSE(preferences_.set("roastText", std::string()));
+  AppGroupStore::WidgetPayload fromText;
+  fromText.text = "Line one.\nLine two.";
+  fromText.mood = "Judging You";
+  fromText.createdAt = clock_.time;
+  fromText.generation = token;
+  EXPECT_EQ(store_.widgetPayload(), fromText);
+
+  for (const char* unusable : {"token\nProud", "token\nProud\n", "", "token\nProud\n\xff"}) {
+    ASSERT_FALSE(storage_.writeText(unusable, "currentRoast.txt"));
+    const auto generation = storage_.read<WidgetGeneration>("widgetGeneration.json")->token;
+    EXPECT_EQ(store_.widgetPayload(), somePayload(generation)) << unusable;
+  }
+  ASSERT_FALSE(storage_.writeText("no JSON", "widgetGeneration.json"));
+  EXPECT_EQ(store_.widgetPayload(), somePayload("1794916800"));
+  ASSERT_FALSE(storage_.writeText("no JSON", "widgetSnapshot.json"));
+  EXPECT_EQ(store_.widgetPayload()->ram, std::nullopt);
+  ASSERT_FALSE(storage_.writeText("no JSON", "lastRoast.json"));
+  EXPECT_EQ(store_.widgetPayload(), std::nullopt);
+}
+
+TEST_F(GroupStore, keys_of_the_wrong_type_or_out_of_range_read_as_missing) {
+  publishSome();
+  ASSERT_FALSE(preferences_.set("roastAt", 0.0));
+  ASSERT_FALSE(preferences_.set("uptime", 1e300));
+  ASSERT_FALSE(preferences_.set("apps", 24.0));
+  ASSERT_FALSE(preferences_.remove("generationToken"));
+  const auto payload = store_.widgetPayload().value();
+  EXPECT_EQ(payload.createdAt, clock_.time);
+  EXPECT_EQ(payload.uptimeDays, std::nullopt);
+  EXPECT_EQ(payload.apps, std::nullopt);
+  EXPECT_THAT(payload.generation, MatchesRegex(aUuid));
+  ASSERT_FALSE(preferences_.set("roastAt", 1e300));
+  EXPECT_EQ(store_.widgetPayload()->createdAt, clock_.time);
+}
+
+TEST_F(GroupStore, without_preferences_the_two_records_go_to_their_files_and_come_from_there) {
+  preferences_.opens = false;
+  publishSome();
+  EXPECT_EQ(store_.lastRoast(), someRoast());
+  EXPECT_EQ(store_.widgetSnapshot(), someSnapshot());
+  EXPECT_FALSE(storage_.readText("currentRoast.txt"));
+  EXPECT_FALSE(storage_.readText("widgetGeneration.json"));
+}
+
+TEST_F(GroupStore, damaged_bytes_fall_back_to_the_files) {
+  publishSome();
+  ASSERT_FALSE(preferences_.set("lastRoastData", Bytes{std::byte{'{'}}));
+  ASSERT_FALSE(preferences_.set("widgetSnapshotData", std::string("text")));
+  EXPECT_EQ(store_.lastRoast(), someRoast());
+  EXPECT_EQ(store_.widgetSnapshot(), someSnapshot());
+}
+
+TEST_F(GroupStore, without_a_container_the_preferences_still_get_their_keys) {
+  const fakes::FixedContainer none(std::nullopt);
+  const SharedStorage nowhere(none, files_, random_);
+  AppGroupStore store(nowhere, preferences_, clock_, random_, userText_);
+  store.publish(someRoast(), someSnapshot());
+  EXPECT_EQ(store.lastRoast(), someRoast());
+}
+
+TEST(UserTextTest, counts_characters_as_people_do) {
+  const linux_services::IcuUserText text;
+  const std::string family = "👩‍👩‍👧‍👦";
+  const std::string flag = "🇬🇧";
+  const std::string accented = "e\u0301";
+  EXPECT_EQ(text.firstCharacters(family + flag + accented + "x", 3), family + flag + accented);
+  EXPECT_EQ(text.firstCharacters(family + flag, 2), family + flag);
+  EXPECT_EQ(text.firstCharacters(std::string(100, 'a'), 80), std::string(80, 'a'));
+  EXPECT_EQ(text.firstCharacters("short", 80), "short");
+  EXPECT_EQ(text.firstCharacters("a\xff"
+                                 "bc",
+                                 3),
+            "a\xff"
+            "b");
+}
+
+}  // namespace
+}  // namespace quibbly
