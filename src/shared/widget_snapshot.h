@@ -33,6 +33,20 @@ struct WidgetSnapshot {
             .mood = mood};
   }
 
+  /// The sample that these figures were, as far as they tell.
+  [[nodiscard]] SystemSnapshot toSystemSnapshot() const {
+    SystemSnapshot snapshot;
+    snapshot.capturedAt = capturedAt;
+    snapshot.cpuUsage = cpuUsageEstimate;
+    snapshot.memoryUtilizationEstimate = memoryUtilizationEstimate;
+    snapshot.diskFreeBytes = diskFreeBytes;
+    snapshot.batteryLevel = batteryLevel;
+    snapshot.uptimeSeconds = uptimeSeconds;
+    snapshot.runningAppCount = runningAppCount;
+    snapshot.thermalState = thermalState;
+    return snapshot;
+  }
+
   bool operator==(const WidgetSnapshot&) const = default;
 };
 

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <array>
+#include <string_view>
+
+namespace quibbly {
+
+inline constexpr std::string_view bundleIdentifier = "org.quibbly.Quibbly";
+
+/// What the widget is registered under, newest version first: the order in which timelines are reloaded.
+inline constexpr auto widgetKinds = std::to_array<std::string_view>({
+    "org.quibbly.Quibbly.RoastWidget.v6",
+    "org.quibbly.Quibbly.RoastWidget.v5",
+    "org.quibbly.Quibbly.RoastWidget.v4",
+    "org.quibbly.Quibbly.RoastWidget.v3",
+    "org.quibbly.Quibbly.RoastWidget",
+});
+
+}  // namespace quibbly

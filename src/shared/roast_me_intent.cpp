@@ -1,0 +1,54 @@
+#include "shared/roast_me_intent.h"
+
+#include <array>
+#include <chrono>
+
+#include "platform/sleep.h"
+#include "records/recent_roast_history.h"
+
+namespace quibbly {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr std::string_view historyFile = "recentRoasts.json";
+constexpr const char* notificationTitle = "Your Mac would like a word";
+constexpr auto delays = std::to_array<std::chrono::milliseconds>({0ms, 100ms, 350ms, 800ms, 1500ms});
+
+/// What a machine of which nothing was published yet is taken to be.
+WidgetSnapshot defaultFigures(Date now) {
+  return {.capturedAt = now,
+          .cpuUsageEstimate = 0.2,
+          .memoryUtilizationEstimate = 0.55,
+          .diskFreeBytes = 50'000'000'000,
+          .batteryLevel = std::nullopt,
+          .uptimeSeconds = 86400.0,
+          .runningAppCount = 12,
+          .thermalState = RoastThermalState::nominal,
+          .mood = {.score = 10.0, .label = MacMood::Label::proud}};
+}
+
+}  // namespace
+
+Task<LastRoast> RoastMeIntent::perform() {
+  const RecentRoastHistory history = storage_.read<RecentRoastHistory>(historyFile).value_or(RecentRoastHistory::empty);
+  WidgetSnapshot figures = store_.widgetSnapshot().value_or(defaultFigures(clock_.now()));
+  LastRoast roast = engine_.roast(figures.toSystemSnapshot(), figures.mood, history);
+  [[maybe_unused]] const std::error_code forgotten =
+      storage_.write(history.recording(roast.text, roast.templateId), historyFile);
+  figures.mood = roast.mood;
+  figures.capturedAt = clock_.now();
+  store_.publish(roast, figures);
+  notifications_.enqueue(notificationTitle, roast.text, roast.category);
+  co_await hardReload();
+  co_return roast;
+}
+
+Task<> RoastMeIntent::hardReload() {
+  for (const auto delay : delays) {
+    if (delay > 0ms) co_await sleepFor(delay);
+    widgets_.timelines();
+  }
+}
+
+}  // namespace quibbly

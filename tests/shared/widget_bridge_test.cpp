@@ -1,0 +1,203 @@
+// The way from a widget to the application: mailboxes, the notification, the intent and the reloads.
+
+#include <algorithm>
+#include <chrono>
+#include <map>
+#include <ranges>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "fakes/fake_cross_process_center.h"
+#include "fakes/fake_widget_center.h"
+#include "fakes/file_tree.h"
+#include "fakes/fixed_clock.h"
+#include "fakes/fixed_container.h"
+#include "fakes/manual_queue.h"
+#include "fakes/memory_preference_store.h"
+#include "platform/launched_tasks.h"
+#include "platform/linux/icu_user_text.h"
+#include "platform/linux/kernel_random.h"
+#include "platform/linux/posix_file_system.h"
+#include "shared/roast_me_intent.h"
+#include "shared/roast_request_queue.h"
+
+namespace quibbly {
+namespace {
+
+using namespace std::chrono_literals;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::UnorderedElementsAre;
+
+const std::vector<std::string> oneRound{"org.quibbly.Quibbly.RoastWidget.v6", "org.quibbly.Quibbly.RoastWidget.v5",
+                                        "org.quibbly.Quibbly.RoastWidget.v4", "org.quibbly.Quibbly.RoastWidget.v3",
+                                        "org.quibbly.Quibbly.RoastWidget",    "all"};
+
+class WidgetBridge : public ::testing::Test {
+ protected:
+  Task<> performed() { roast_ = co_await intent_.perform(); }
+  void runIntent() {
+    launch(queue_, performed());
+    queue_.advance(10s);
+  }
+  /// Lets the task run, and notes at which millisecond how many reloads of all timelines had been asked for.
+  std::map<int, long> roundsOver(std::chrono::milliseconds time) {
+    std::map<int, long> rounds;
+    long seen = 0;
+    for (int ms = 0; ms <= time.count(); ++ms) {
+      if (ms > 0) queue_.advance(1ms);
+      queue_.run();
+      const long all = std::ranges::count(widgets_.reloads, "all");
+      if (all != seen) rounds[ms] = all;
+      seen = all;
+    }
+    return rounds;
+  }
+
+  fakes::FileTree tree_;
+  fakes::FixedClock clock_;
+  fakes::ManualQueue queue_;
+  fakes::FixedContainer container_{tree_.root()};
+  fakes::MemoryPreferenceStore preferences_;
+  fakes::FakeWidgetCenter widgets_;
+  fakes::FakeCrossProcessCenter center_;
+  linux_services::PosixFileSystem files_;
+  linux_services::KernelRandom random_;
+  linux_services::IcuUserText userText_;
+  SharedStorage storage_{container_, files_, random_};
+  AppGroupStore store_{storage_, preferences_, clock_, random_, userText_};
+  RoastRequestQueue requests_{storage_, files_, center_};
+  PendingNotifyQueue notifications_{storage_, files_, center_, clock_};
+  WidgetReload reload_{widgets_, preferences_};
+  PlaceholderRoastEngine engine_{clock_, random_};
+  RoastMeIntent intent_{storage_, store_, engine_, notifications_, reload_, clock_};
+  std::optional<LastRoast> roast_;
+};
+
+TEST_F(WidgetBridge, a_request_is_taken_once_and_a_corrupt_one_stays) {
+  EXPECT_EQ(requests_.take(), std::nullopt);
+  const RoastRequest request{.createdAt = clock_.time, .source = "widget"};
+  ASSERT_FALSE(storage_.write(request, "roastRequest.json"));
+  EXPECT_EQ(requests_.take(), request);
+  EXPECT_EQ(requests_.take(), std::nullopt);
+  ASSERT_FALSE(storage_.writeText("not JSON", "roastRequest.json"));
+  EXPECT_EQ(requests_.take(), std::nullopt);
+  EXPECT_EQ(storage_.readText("roastRequest.json"), "not JSON");
+}
+
+TEST_F(WidgetBridge, the_second_notification_replaces_the_first_and_each_is_announced) {
+  notifications_.enqueue("t", "first", "c");
+  notifications_.enqueue("t", "second", "c");
+  EXPECT_THAT(center_.posts, ElementsAre(RoastRequestQueue::darwinName, RoastRequestQueue::darwinName));
+  EXPECT_EQ(notifications_.take(),
+            (PendingNotify{.title = "t", .body = "second", .category = "c", .createdAt = clock_.time}));
+  EXPECT_EQ(notifications_.take(), std::nullopt);
+}
+
+TEST_F(WidgetBridge, a_notification_is_announced_even_when_it_could_not_be_left) {
+  const fakes::FixedContainer none(std::nullopt);
+  const SharedStorage nowhere(none, files_, random_);
+  PendingNotifyQueue notifications(nowhere, files_, center_, clock_);
+  notifications.enqueue("t", "b", "c");
+  EXPECT_EQ(center_.posts.size(), 1U);
+}
+
+TEST_F(WidgetBridge, an_observer_hears_every_post_until_it_is_removed_and_then_owns_nothing_more) {
+  int calls = 0;
+  auto owned = std::make_shared<int>();
+  const ObserverToken token = requests_.observe([&calls, owned] { ++calls; });
+  center_.post(RoastRequestQueue::darwinName);
+  center_.post("org.quibbly.Quibbly.somethingElse");
+  center_.post(RoastRequestQueue::darwinName);
+  EXPECT_EQ(calls, 2);
+  requests_.stopObserving(token);
+  center_.post(RoastRequestQueue::darwinName);
+  EXPECT_EQ(calls, 2);
+  EXPECT_EQ(owned.use_count(), 1);
+}
+
+TEST_F(WidgetBridge, the_first_intent_ever_works_from_default_figures) {
+  clock_.time += 7h;
+  runIntent();
+  EXPECT_EQ(roast_->templateId, "apps_m1");
+  EXPECT_EQ(roast_->mood, (MacMood{.score = 10, .label = MacMood::Label::proud}));
+  const auto figures = storage_.read<WidgetSnapshot>("widgetSnapshot.json").value();
+  EXPECT_EQ(figures, (WidgetSnapshot{.capturedAt = clock_.time,
+                                     .cpuUsageEstimate = 0.2,
+                                     .memoryUtilizationEstimate = 0.55,
+                                     .diskFreeBytes = 50'000'000'000,
+                                     .batteryLevel = std::nullopt,
+                                     .uptimeSeconds = 86'400,
+                                     .runningAppCount = 12,
+                                     .thermalState = RoastThermalState::nominal,
+                                     .mood = roast_->mood}));
+  EXPECT_THAT(storage_.read<RecentRoastHistory>("recentRoasts.json")->texts, ElementsAre(roast_->text));
+  EXPECT_EQ(storage_.read<LastRoast>("lastRoast.json"), *roast_);
+  EXPECT_EQ(
+      notifications_.take(),
+      (PendingNotify{
+          .title = "Your Mac would like a word", .body = roast_->text, .category = "apps", .createdAt = clock_.time}));
+  EXPECT_FALSE(storage_.readText("roastRequest.json"));
+}
+
+TEST_F(WidgetBridge, an_intent_reuses_the_published_figures_and_does_not_repeat_itself) {
+  WidgetSnapshot published{.capturedAt = clock_.time - 1h, .batteryLevel = 10, .uptimeSeconds = 5};
+  published.diskFreeBytes = 100'000'000'000;
+  published.mood = {.score = 50, .label = MacMood::Label::disappointed};
+  store_.publish(LastRoast{}, published);
+  runIntent();
+  EXPECT_EQ(roast_->templateId, "battery_1");
+  EXPECT_EQ(roast_->mood, published.mood);
+  published.capturedAt = clock_.time;
+  EXPECT_EQ(store_.widgetSnapshot(), published);
+  runIntent();
+  EXPECT_EQ(roast_->templateId, "battery_2");
+  EXPECT_EQ(notifications_.take()->body, roast_->text);
+}
+
+TEST_F(WidgetBridge, an_intent_without_a_container_or_a_store_still_ends) {
+  preferences_.opens = false;
+  tree_.add("recentRoasts.json", "not JSON");
+  const fakes::FixedContainer none(std::nullopt);
+  const SharedStorage nowhere(none, files_, random_);
+  AppGroupStore store(nowhere, preferences_, clock_, random_, userText_);
+  PendingNotifyQueue notifications(nowhere, files_, center_, clock_);
+  RoastMeIntent intent(nowhere, store, engine_, notifications, reload_, clock_);
+  const auto perform = [](RoastMeIntent& performing, std::optional<LastRoast>& made) -> Task<> {
+    made = co_await performing.perform();
+  };
+  launch(queue_, perform(intent, roast_));
+  queue_.advance(10s);
+  EXPECT_TRUE(roast_.has_value());
+  EXPECT_EQ(widgets_.reloads.size(), 5 * oneRound.size());
+}
+
+TEST_F(WidgetBridge, an_intent_reloads_five_times_over_2750_milliseconds) {
+  launch(queue_, performed());
+  EXPECT_EQ(roundsOver(4s), (std::map<int, long>{{0, 1}, {100, 2}, {450, 3}, {1250, 4}, {2750, 5}}));
+  EXPECT_TRUE(std::ranges::equal(widgets_.reloads | std::views::take(6), oneRound));
+}
+
+TEST_F(WidgetBridge, a_publication_reloads_what_is_placed_and_then_everything_five_times_more) {
+  widgets_.placed = {{"b", "a", "b"}};
+  launch(queue_, reload_.afterRoastPublished("preview"));
+  queue_.run();
+  EXPECT_THAT(widgets_.reloads, UnorderedElementsAre("a", "b", "all"));
+  EXPECT_EQ(widgets_.reloads.back(), "all");
+  widgets_.reloads.clear();
+  EXPECT_EQ(roundsOver(7s), (std::map<int, long>{{100, 1}, {400, 2}, {1100, 3}, {2600, 4}, {5600, 5}}));
+  EXPECT_TRUE(std::ranges::equal(widgets_.reloads | std::views::take(6), oneRound));
+}
+
+TEST_F(WidgetBridge, a_service_that_does_not_tell_what_is_placed_reloads_all_and_cancellation_hurries_the_rest) {
+  const TaskHandle handle = launch(queue_, reload_.afterRoastPublished(std::nullopt));
+  queue_.run();
+  EXPECT_THAT(widgets_.reloads, ElementsAre("all"));
+  handle.cancel();
+  queue_.run();
+  EXPECT_EQ(std::ranges::count(widgets_.reloads, "all"), 6);
+}
+
+}  // namespace
+}  // namespace quibbly
