@@ -7,6 +7,7 @@
 #include "commands/standard_streams.h"
 #include "engine/placeholder_roast_engine.h"
 #include "machine/machine.h"
+#include "shared/recent_roasts.h"
 
 namespace {
 
@@ -19,7 +20,9 @@ std::string outputOf(const CommandLine& request) {
   if (request.command == CommandLine::Command::showText) return request.text;
   Machine machine;
   const PlaceholderRoastEngine engine(machine.clock(), machine.random());
-  return MachineCommands(machine.monitor(), engine).run(request);
+  const SharedStorage storage(machine.container(), machine.files(), machine.random());
+  const RecentRoasts recentRoasts(storage);
+  return MachineCommands(machine.monitor(), engine, recentRoasts).run(request);
 }
 
 int run(std::span<const char* const> words) {

@@ -5,7 +5,6 @@
 
 #include "commands/sample_text.h"
 #include "monitor/mood_calculator.h"
-#include "records/recent_roast_history.h"
 #include "shared/json_coding.h"
 
 namespace quibbly {
@@ -42,7 +41,9 @@ std::string MachineCommands::run(const CommandLine& request) {
   if (request.command == CommandLine::Command::sample) {
     return request.json ? line(sampleJson(snapshot, mood)) : sampleText(snapshot, mood);
   }
-  const LastRoast roast = engine_.roast(snapshot, mood, RecentRoastHistory::empty);
+  const RecentRoastHistory history = recentRoasts_.history();
+  const LastRoast roast = engine_.roast(snapshot, mood, history);
+  recentRoasts_.remember(history.recording(roast.text, roast.templateId));
   return request.json ? line(toJson(roast)) : roast.text + "\n";
 }
 

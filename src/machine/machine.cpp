@@ -12,6 +12,7 @@
 #include "platform/linux/kernel_random.h"
 #include "platform/linux/meminfo.h"
 #include "platform/linux/platform_profile.h"
+#include "platform/linux/posix_file_system.h"
 #include "platform/linux/power_profiles_daemon.h"
 #include "platform/linux/power_supplies.h"
 #include "platform/linux/proc_stat.h"
@@ -20,6 +21,7 @@
 #include "platform/linux/system_wall_clock.h"
 #include "platform/linux/thermal_sensors.h"
 #include "platform/linux/x11_applications.h"
+#include "platform/linux/xdg_shared_container.h"
 
 namespace quibbly {
 
@@ -47,6 +49,8 @@ std::vector<SessionApplications::Service> mostTelling(RunningApplications& windo
 struct Machine::Services {
   SystemWallClock clock;
   KernelRandom random;
+  PosixFileSystem files;
+  XdgSharedContainer container{environment("XDG_DATA_HOME"), homeDirectory()};
   ProcStat processor{root};
   MemInfo memory{root};
   StatvfsHomeVolume home{homeDirectory()};
@@ -74,5 +78,7 @@ Machine::~Machine() = default;
 SystemMonitor& Machine::monitor() { return services_->monitor; }
 const WallClock& Machine::clock() const { return services_->clock; }
 SecureRandom& Machine::random() { return services_->random; }
+FileSystem& Machine::files() { return services_->files; }
+const SharedContainer& Machine::container() const { return services_->container; }
 
 }  // namespace quibbly

@@ -3,7 +3,9 @@
 #include <memory>
 
 #include "monitor/system_monitor.h"
+#include "platform/file_system.h"
 #include "platform/secure_random.h"
+#include "platform/shared_container.h"
 #include "platform/wall_clock.h"
 
 namespace quibbly {
@@ -20,6 +22,8 @@ class Machine {
   [[nodiscard]] SystemMonitor& monitor();
   [[nodiscard]] const WallClock& clock() const;
   [[nodiscard]] SecureRandom& random();
+  [[nodiscard]] FileSystem& files();
+  [[nodiscard]] const SharedContainer& container() const;
 
  private:
   struct Services;

@@ -4,14 +4,12 @@
 #include <chrono>
 
 #include "platform/sleep.h"
-#include "records/recent_roast_history.h"
 
 namespace quibbly {
 namespace {
 
 using namespace std::chrono_literals;
 
-constexpr std::string_view historyFile = "recentRoasts.json";
 constexpr const char* notificationTitle = "Your Mac would like a word";
 constexpr auto delays = std::to_array<std::chrono::milliseconds>({0ms, 100ms, 350ms, 800ms, 1500ms});
 
@@ -31,11 +29,10 @@ WidgetSnapshot defaultFigures(Date now) {
 }  // namespace
 
 Task<LastRoast> RoastMeIntent::perform() {
-  const RecentRoastHistory history = storage_.read<RecentRoastHistory>(historyFile).value_or(RecentRoastHistory::empty);
+  const RecentRoastHistory history = recentRoasts_.history();
   WidgetSnapshot figures = store_.widgetSnapshot().value_or(defaultFigures(clock_.now()));
   LastRoast roast = engine_.roast(figures.toSystemSnapshot(), figures.mood, history);
-  [[maybe_unused]] const std::error_code forgotten =
-      storage_.write(history.recording(roast.text, roast.templateId), historyFile);
+  recentRoasts_.remember(history.recording(roast.text, roast.templateId));
   figures.mood = roast.mood;
   figures.capturedAt = clock_.now();
   store_.publish(roast, figures);

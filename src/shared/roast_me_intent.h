@@ -7,7 +7,7 @@
 #include "platform/wall_clock.h"
 #include "shared/app_group_store.h"
 #include "shared/pending_notify_queue.h"
-#include "shared/shared_storage.h"
+#include "shared/recent_roasts.h"
 #include "shared/widget_reload.h"
 
 namespace quibbly {
@@ -20,9 +20,9 @@ class RoastMeIntent {
   static constexpr std::string_view title = "Roast me";
   static constexpr bool openAppWhenRun = false;
 
-  RoastMeIntent(const SharedStorage& storage, AppGroupStore& store, const PlaceholderRoastEngine& engine,
+  RoastMeIntent(const RecentRoasts& recentRoasts, AppGroupStore& store, const PlaceholderRoastEngine& engine,
                 PendingNotifyQueue& notifications, WidgetReload& widgets, const WallClock& clock)
-      : storage_(storage),
+      : recentRoasts_(recentRoasts),
         store_(store),
         engine_(engine),
         notifications_(notifications),
@@ -36,7 +36,7 @@ class RoastMeIntent {
  private:
   [[nodiscard]] Task<> hardReload();
 
-  const SharedStorage& storage_;
+  const RecentRoasts& recentRoasts_;
   AppGroupStore& store_;
   const PlaceholderRoastEngine& engine_;
   PendingNotifyQueue& notifications_;

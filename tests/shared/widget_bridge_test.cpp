@@ -71,7 +71,8 @@ class WidgetBridge : public ::testing::Test {
   PendingNotifyQueue notifications_{storage_, files_, center_, clock_};
   WidgetReload reload_{widgets_, preferences_};
   PlaceholderRoastEngine engine_{clock_, random_};
-  RoastMeIntent intent_{storage_, store_, engine_, notifications_, reload_, clock_};
+  RecentRoasts recentRoasts_{storage_};
+  RoastMeIntent intent_{recentRoasts_, store_, engine_, notifications_, reload_, clock_};
   std::optional<LastRoast> roast_;
 };
 
@@ -163,7 +164,8 @@ TEST_F(WidgetBridge, an_intent_without_a_container_or_a_store_still_ends) {
   const SharedStorage nowhere(none, files_, random_);
   AppGroupStore store(nowhere, preferences_, clock_, random_, userText_);
   PendingNotifyQueue notifications(nowhere, files_, center_, clock_);
-  RoastMeIntent intent(nowhere, store, engine_, notifications, reload_, clock_);
+  const RecentRoasts forgetful(nowhere);
+  RoastMeIntent intent(forgetful, store, engine_, notifications, reload_, clock_);
   const auto perform = [](RoastMeIntent& performing, std::optional<LastRoast>& made) -> Task<> {
     made = co_await performing.perform();
   };
