@@ -11,6 +11,40 @@ namespace {
 
 constexpr const char* adviceOnWords = "Say 'quibbly --help' for the words that are.";
 
+void addPrefs(CLI::App& app, CommandLine& request) {
+  CLI::App* const prefs = app.add_subcommand("prefs", "List, show, set or remove preferences");
+  PrefsRequest& asked = request.prefs;
+  prefs->add_option("KEY", asked.key, "Show this preference, or set it to VALUE");
+  CLI::Option* const value = prefs->add_option("VALUE", asked.value, "Its new value");
+  const auto meaning = [&](const char* flag, const char* description, PrefsRequest::Type type) {
+    return prefs->add_flag_callback(
+                    flag, [&asked, type] { asked.type = type; }, description)
+        ->needs(value)
+        ->disable_flag_override();
+  };
+  CLI::Option* const types[] = {meaning("--int", "VALUE is a whole number", PrefsRequest::Type::integer),
+                                meaning("--double", "VALUE is a number", PrefsRequest::Type::real),
+                                meaning("--bool", "VALUE is true or false", PrefsRequest::Type::boolean),
+                                meaning("--string", "VALUE is a text", PrefsRequest::Type::text)};
+  for (CLI::Option* const one : types) {
+    for (CLI::Option* const other : types) {
+      if (one != other) one->excludes(other);
+    }
+  }
+  prefs
+      ->add_option_function<std::string>(
+          "--remove",
+          [&asked](const std::string& key) {
+            asked.key = key;
+            asked.remove = true;
+          },
+          "Remove this preference")
+      ->type_name("KEY")
+      ->excludes(prefs->get_option("KEY"));
+  prefs->add_flag("--group", asked.group, "The preferences that widgets read")->disable_flag_override();
+  prefs->callback([&request] { request.command = CommandLine::Command::prefs; });
+}
+
 }  // namespace
 
 std::expected<CommandLine, std::string> parseCommandLine(std::span<const char* const> arguments) {
@@ -25,6 +59,8 @@ std::expected<CommandLine, std::string> parseCommandLine(std::span<const char* c
   };
   command("roast", "Sample, score and print one line", CommandLine::Command::roast);
   command("sample", "Print the sample and the mood", CommandLine::Command::sample);
+
+  addPrefs(app, request);
 
   try {
     // The parser takes the words from the back.

@@ -4,15 +4,18 @@
 #include <span>
 #include <string>
 
+#include "commands/prefs_command.h"
+
 namespace quibbly {
 
 /// What a call of the program asks for.
 struct CommandLine {
-  enum class Command { roast, sample, showText };
+  enum class Command { roast, sample, prefs, showText };
 
   Command command = Command::showText;
   /// Print one JSON object in place of text.
   bool json = false;
+  PrefsRequest prefs;
   /// What `showText` prints: the help or the version.
   std::string text;
 

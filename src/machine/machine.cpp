@@ -1,6 +1,7 @@
 #include "machine/machine.h"
 
 #include <cstdlib>
+#include <filesystem>
 #include <string>
 #include <unistd.h>
 #include <vector>
@@ -17,6 +18,7 @@
 #include "platform/linux/power_supplies.h"
 #include "platform/linux/proc_stat.h"
 #include "platform/linux/session_applications.h"
+#include "platform/linux/sqlite_preference_store.h"
 #include "platform/linux/statvfs_home_volume.h"
 #include "platform/linux/system_wall_clock.h"
 #include "platform/linux/thermal_sensors.h"
@@ -36,6 +38,11 @@ std::string environment(const char* name) {
   return value ? value : "";
 }
 
+std::filesystem::path preferenceDirectory() {
+  const std::filesystem::path configHome = environment("XDG_CONFIG_HOME");
+  return (configHome.is_absolute() ? configHome : homeDirectory() / ".config") / "quibbly";
+}
+
 /// Where to ask for applications, most telling first.
 std::vector<SessionApplications::Service> mostTelling(RunningApplications& windows, RunningApplications& scopes) {
   const std::string waylandDisplay = environment("WAYLAND_DISPLAY");
@@ -51,6 +58,8 @@ struct Machine::Services {
   KernelRandom random;
   PosixFileSystem files;
   XdgSharedContainer container{environment("XDG_DATA_HOME"), homeDirectory()};
+  SqlitePreferenceStore preferences{preferenceDirectory() / "preferences.db"};
+  SqlitePreferenceStore groupPreferences{preferenceDirectory() / "group.org.quibbly.db"};
   ProcStat processor{root};
   MemInfo memory{root};
   StatvfsHomeVolume home{homeDirectory()};
@@ -79,6 +88,8 @@ SystemMonitor& Machine::monitor() { return services_->monitor; }
 const WallClock& Machine::clock() const { return services_->clock; }
 SecureRandom& Machine::random() { return services_->random; }
 FileSystem& Machine::files() { return services_->files; }
+PreferenceStore& Machine::preferences() { return services_->preferences; }
+PreferenceStore& Machine::groupPreferences() { return services_->groupPreferences; }
 const SharedContainer& Machine::container() const { return services_->container; }
 
 }  // namespace quibbly

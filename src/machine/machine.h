@@ -4,6 +4,7 @@
 
 #include "monitor/system_monitor.h"
 #include "platform/file_system.h"
+#include "platform/preference_store.h"
 #include "platform/secure_random.h"
 #include "platform/shared_container.h"
 #include "platform/wall_clock.h"
@@ -24,6 +25,10 @@ class Machine {
   [[nodiscard]] SecureRandom& random();
   [[nodiscard]] FileSystem& files();
   [[nodiscard]] const SharedContainer& container() const;
+  /// The application's own.
+  [[nodiscard]] PreferenceStore& preferences();
+  /// Those that widgets read.
+  [[nodiscard]] PreferenceStore& groupPreferences();
 
  private:
   struct Services;
