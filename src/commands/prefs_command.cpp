@@ -109,7 +109,7 @@ std::expected<std::string, Complaint> PrefsCommand::run(const PrefsRequest& requ
   }
   if (!request.key) return list();
   if (request.remove) return remove(*request.key);
-  return request.value ? set(*request.key, request) : show(*request.key);
+  return request.value ? set(*request.key, *request.value, request.type) : show(*request.key);
 }
 
 std::string PrefsCommand::list() {
@@ -136,13 +136,14 @@ std::expected<std::string, Complaint> PrefsCommand::show(const std::string& key)
   return shown(*value) + "\n";
 }
 
-std::expected<std::string, Complaint> PrefsCommand::set(const std::string& key, const PrefsRequest& request) {
-  const auto present = request.type ? request.type : typeOf(store_.value(key));
-  const Type type = present.value_or(lookOf(*request.value));
-  auto value = parsedAs(type, *request.value);
+std::expected<std::string, Complaint> PrefsCommand::set(const std::string& key, const std::string& text,
+                                                        std::optional<Type> meant) {
+  if (!meant) meant = typeOf(store_.value(key));
+  const Type type = meant.value_or(lookOf(text));
+  auto value = parsedAs(type, text);
   if (!value) {
     return std::unexpected(Complaint{.status = Complaint::badCommandLine,
-                                     .line = "'" + printable(*request.value) + "' will not do for '" + printable(key) +
+                                     .line = "'" + printable(text) + "' will not do for '" + printable(key) +
                                              "': it takes " + std::string(expectation(type))});
   }
   return changed(store_.set(key, std::move(*value)));

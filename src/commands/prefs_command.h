@@ -36,7 +36,8 @@ class PrefsCommand {
  private:
   [[nodiscard]] std::string list();
   [[nodiscard]] std::expected<std::string, Complaint> show(const std::string& key);
-  [[nodiscard]] std::expected<std::string, Complaint> set(const std::string& key, const PrefsRequest& request);
+  [[nodiscard]] std::expected<std::string, Complaint> set(const std::string& key, const std::string& text,
+                                                          std::optional<PrefsRequest::Type> meant);
   [[nodiscard]] std::expected<std::string, Complaint> remove(const std::string& key);
 
   PreferenceStore& store_;

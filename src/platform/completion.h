@@ -37,6 +37,7 @@ class [[nodiscard]] Completion {
       queue.post([waiting, answer = std::move(answer)]() mutable { waiting->finish(std::move(answer)); });
     });
   }
+  // NOLINTNEXTLINE(bugprone-unchecked-optional-access): it resumes with an answer or not at all
   [[nodiscard]] Answer await_resume() { return std::move(*waiting_->answer); }
 
  private:

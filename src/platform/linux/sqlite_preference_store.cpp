@@ -105,9 +105,9 @@ class SqlitePreferenceStore::Database {
     // Locked for writing from the start: a transaction that turns into a writer halfway may fail without being waited for.
     if (!run("BEGIN IMMEDIATE")) return false;
     for (const PreferenceChange& change : changes) {
-      if (!applyOne(change)) return run("ROLLBACK") && false;
+      if (!applyOne(change)) return undone();
     }
-    return run("COMMIT") || (run("ROLLBACK") && false);
+    return run("COMMIT") || undone();
   }
 
  private:
@@ -122,6 +122,12 @@ class SqlitePreferenceStore::Database {
   }
 
   bool run(const char* sql) { return sqlite3_exec(handle_.get(), sql, nullptr, nullptr, nullptr) == SQLITE_OK; }
+
+  /// Takes the transaction back; what cannot be taken back is dropped with the connection.
+  bool undone() {
+    run("ROLLBACK");
+    return false;
+  }
 
   Statement prepared(const char* sql) {
     sqlite3_stmt* statement = nullptr;

@@ -21,7 +21,7 @@ namespace {
 
 ContinuousClock::time_point bootTime() {
   timespec time{};
-  ::clock_gettime(CLOCK_BOOTTIME, &time);
+  (void)::clock_gettime(CLOCK_BOOTTIME, &time);
   return ContinuousClock::time_point(std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec));
 }
 
@@ -53,6 +53,7 @@ class QtMainQueue::Loop : public QObject {
   void post(Work work) {
     const std::lock_guard lock(mutex_);
     posted_.push_back(std::move(work));
+    // NOLINTNEXTLINE(cppcoreguidelines-owning-memory): the event loop owns its events
     if (posted_.size() == 1) QCoreApplication::postEvent(this, new QEvent(QEvent::User));
   }
 
@@ -78,7 +79,7 @@ class QtMainQueue::Loop : public QObject {
  private:
   void runDue() {
     std::uint64_t expirations = 0;
-    (void)!::read(timer_, &expirations, sizeof expirations);
+    [[maybe_unused]] const ssize_t got = ::read(timer_, &expirations, sizeof expirations);
     armed_.reset();
     // Only what was due on waking: a loop that schedules itself at once gets its turn after everybody else's.
     const auto now = bootTime();
@@ -91,7 +92,7 @@ class QtMainQueue::Loop : public QObject {
     if (next == armed_) return;
     armed_ = next;
     const itimerspec setting = next ? oneShotAt(*next) : itimerspec{};
-    ::timerfd_settime(timer_, TFD_TIMER_ABSTIME, &setting, nullptr);
+    (void)::timerfd_settime(timer_, TFD_TIMER_ABSTIME, &setting, nullptr);
   }
 
   int timer_;
