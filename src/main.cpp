@@ -7,14 +7,15 @@
 #include "commands/complaint.h"
 #include "commands/machine_commands.h"
 #include "commands/prefs_command.h"
-#include "commands/standard_streams.h"
 #include "engine/placeholder_roast_engine.h"
 #include "machine/machine.h"
+#include "platform/linux/standard_streams.h"
 #include "shared/recent_roasts.h"
 
 namespace {
 
 using namespace quibbly;
+using namespace quibbly::linux_services;
 
 std::expected<std::string, Complaint> outputOf(const CommandLine& request) {
   if (request.command == CommandLine::Command::showText) return request.text;

@@ -21,7 +21,7 @@ std::string yesOrNo(bool value) { return value ? "yes" : "no"; }
 
 std::string daysAndHours(double seconds) {
   const std::int64_t days = wholeDays(seconds);
-  const std::int64_t hours = truncatedToInteger((seconds - static_cast<double>(days) * 86400.0) / 3600.0);
+  const std::int64_t hours = truncatedToInteger((seconds - static_cast<double>(days) * secondsPerDay) / 3600.0);
   return count(days) + " days " + count(hours) + " h";
 }
 

@@ -69,7 +69,6 @@ MacMood::Label labelFor(double score) {
 }  // namespace
 
 MacMood score(const SystemSnapshot& snapshot) {
-  constexpr double secondsPerDay = 86400.0;
   WeightedMean mean;
   mean.add(pieceWise(snapshot.memoryUtilizationEstimate * 100.0, memoryCurve), 0.25);
   mean.add(thermalScores[indexOf(snapshot.thermalState)], 0.25);

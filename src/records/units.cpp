@@ -18,10 +18,7 @@ std::int64_t truncatedToInteger(double number) {
 
 std::int64_t roundedToInteger(double number) { return truncatedToInteger(std::round(number)); }
 
-std::int64_t wholeDays(double seconds) {
-  constexpr double secondsPerDay = 86400.0;
-  return truncatedToInteger(seconds / secondsPerDay);
-}
+std::int64_t wholeDays(double seconds) { return truncatedToInteger(seconds / secondsPerDay); }
 
 std::string oneDecimal(double number) {
   constexpr std::size_t longest = std::numeric_limits<double>::max_exponent10 + 5;  // sign, digits, point, decimal

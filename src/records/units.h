@@ -5,6 +5,8 @@
 
 namespace quibbly {
 
+inline constexpr double secondsPerDay = 86400.0;
+
 /// Decimal gigabytes, the unit that free space is shown and compared in.
 [[nodiscard]] constexpr double gigabytes(std::uint64_t bytes) { return static_cast<double>(bytes) / 1'000'000'000.0; }
 

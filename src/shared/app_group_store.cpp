@@ -72,7 +72,7 @@ std::vector<PreferenceChange> changesFor(const LastRoast& roast, const WidgetSna
 
 /// Whole days; absent for an uptime that no integer of days holds.
 std::optional<std::int64_t> daysOf(std::optional<double> uptimeSeconds) {
-  constexpr double mostSeconds = 86400.0 * 0x1p62;
+  constexpr double mostSeconds = secondsPerDay * 0x1p62;
   if (!uptimeSeconds || !(*uptimeSeconds > -mostSeconds && *uptimeSeconds < mostSeconds)) return std::nullopt;
   return wholeDays(*uptimeSeconds);
 }

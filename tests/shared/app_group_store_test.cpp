@@ -183,6 +183,16 @@ TEST_F(GroupStore, without_a_container_the_preferences_still_get_their_keys) {
   EXPECT_EQ(store.lastRoast(), someRoast());
 }
 
+TEST(UserTextTest, tells_utf8_from_other_bytes) {
+  const linux_services::IcuUserText text;
+  for (const char* good : {"", "plain", "‘ö’", "👩‍👩‍👧‍👦", "\xf4\x8f\xbf\xbf"})
+    EXPECT_TRUE(text.isUtf8(good)) << good;
+  for (const char* bad : {"\xff", "\xc3", "\xc0\xaf", "\xed\xa0\x80", "\xf4\x90\x80\x80", "a\x80"}) {
+    EXPECT_FALSE(text.isUtf8(bad)) << bad;
+  }
+  EXPECT_TRUE(text.isUtf8(std::string_view("\0x", 2)));
+}
+
 TEST(UserTextTest, counts_characters_as_people_do) {
   const linux_services::IcuUserText text;
   const std::string family = "👩‍👩‍👧‍👦";

@@ -6,6 +6,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "platform/linux/descriptor_io.h"
 #include "platform/linux/file_descriptor.h"
 
 namespace quibbly::linux_services {
@@ -16,33 +17,6 @@ constexpr std::size_t largestFile = std::size_t{1024} * 1024;
 std::error_code lastError() { return {errno, std::generic_category()}; }
 
 std::error_code made(std::errc error) { return std::make_error_code(error); }
-
-/// Reads until the end or until the text is larger than any of our files.
-std::expected<std::string, std::error_code> readAll(int file, std::size_t expected) {
-  std::string content(expected + 1, '\0');  // one more, to meet the end with the first reading
-  std::size_t filled = 0;
-  while (true) {
-    const ssize_t got = ::read(file, content.data() + filled, content.size() - filled);
-    if (got < 0 && errno == EINTR) continue;
-    if (got < 0) return std::unexpected(lastError());
-    if (got == 0) break;
-    filled += static_cast<std::size_t>(got);
-    if (filled > largestFile) return std::unexpected(made(std::errc::file_too_large));
-    if (filled == content.size()) content.resize(content.size() * 2);
-  }
-  content.resize(filled);
-  return content;
-}
-
-std::error_code writeAll(int file, std::string_view content) {
-  while (!content.empty()) {
-    const ssize_t written = ::write(file, content.data(), content.size());
-    if (written < 0 && errno == EINTR) continue;
-    if (written < 0) return lastError();
-    content.remove_prefix(static_cast<std::size_t>(written));
-  }
-  return {};
-}
 
 }  // namespace
 
@@ -65,9 +39,10 @@ std::expected<std::string, std::error_code> PosixFileSystem::read(const std::fil
   struct stat status{};
   if (!opened || ::fstat(opened.get(), &status) != 0) return std::unexpected(lastError());
   if (!S_ISREG(status.st_mode)) return std::unexpected(made(std::errc::invalid_argument));
-  const auto size = static_cast<std::size_t>(status.st_size);
-  if (size > largestFile) return std::unexpected(made(std::errc::file_too_large));
-  return readAll(opened.get(), size);
+  // One byte too many is enough to know.
+  auto content = readUpTo(opened.get(), largestFile + 1, static_cast<std::size_t>(status.st_size));
+  if (content && content->size() > largestFile) return std::unexpected(made(std::errc::file_too_large));
+  return content;
 }
 
 std::error_code PosixFileSystem::writeNew(const std::filesystem::path& file, std::string_view content) {

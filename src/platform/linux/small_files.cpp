@@ -6,8 +6,9 @@
 #include <fcntl.h>
 #include <memory>
 #include <sys/stat.h>
-#include <unistd.h>
+#include <utility>
 
+#include "platform/linux/descriptor_io.h"
 #include "platform/linux/file_descriptor.h"
 #include "platform/linux/text_fields.h"
 
@@ -25,19 +26,9 @@ std::optional<std::string> readFile(const std::filesystem::path& path, std::size
   struct stat status{};
   if (!file || ::fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode)) return std::nullopt;
 
-  // Files of /proc and /sys say that they are empty, so their size is no guide: read until nothing more comes.
-  constexpr std::size_t chunk = 4096;
-  std::string text;
-  while (text.size() < limit) {
-    const std::size_t wanted = std::min(chunk, limit - text.size());
-    const std::size_t before = text.size();
-    text.resize(before + wanted);
-    const ssize_t got = ::read(file.get(), text.data() + before, wanted);
-    text.resize(before + static_cast<std::size_t>(std::max<ssize_t>(got, 0)));
-    if (got == 0) break;
-    if (got < 0 && errno != EINTR) return std::nullopt;
-  }
-  return text;
+  auto text = readUpTo(file.get(), limit);
+  if (!text) return std::nullopt;
+  return std::move(*text);
 }
 
 std::optional<std::string> readLine(const std::filesystem::path& path) {

@@ -1,4 +1,4 @@
-#include "commands/standard_streams.h"
+#include "platform/linux/standard_streams.h"
 
 #include <cerrno>
 #include <csignal>
@@ -6,22 +6,9 @@
 #include <string>
 #include <unistd.h>
 
-namespace quibbly {
-namespace {
+#include "platform/linux/descriptor_io.h"
 
-std::error_code writeAll(int descriptor, std::string_view text) {
-  while (!text.empty()) {
-    const ssize_t written = ::write(descriptor, text.data(), text.size());
-    if (written >= 0) {
-      text.remove_prefix(static_cast<std::size_t>(written));
-    } else if (errno != EINTR) {
-      return {errno, std::generic_category()};
-    }
-  }
-  return {};
-}
-
-}  // namespace
+namespace quibbly::linux_services {
 
 void prepareStandardStreams() {
   for (const int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
@@ -38,4 +25,4 @@ void complain(std::string_view message) {
   [[maybe_unused]] const std::error_code unheard = writeAll(STDERR_FILENO, "quibbly: " + std::string(message) + "\n");
 }
 
-}  // namespace quibbly
+}  // namespace quibbly::linux_services

@@ -3,7 +3,7 @@
 #include <string_view>
 #include <system_error>
 
-namespace quibbly {
+namespace quibbly::linux_services {
 
 /// Called first thing: makes sure that descriptors 0 to 2 are open, so that a file opened later cannot become standard
 /// output by accident, and lets a broken pipe come back as an error instead of ending the program.
@@ -15,4 +15,4 @@ void prepareStandardStreams();
 /// Writes "quibbly: MESSAGE" as one line to standard error; nobody can be told when that fails.
 void complain(std::string_view message);
 
-}  // namespace quibbly
+}  // namespace quibbly::linux_services
