@@ -32,6 +32,11 @@ class MainQueue {
   virtual TimerId runAt(ContinuousClock::time_point deadline, Work work) = 0;
   /// Drops the work unless it ran already. Main thread.
   virtual void cancel(TimerId timer) = 0;
+  /// Runs the work whenever the descriptor has something to read, until `unwatch`: the work must read it, or is run again.
+  /// One watch a descriptor. Main thread.
+  virtual void watch(int descriptor, std::function<void()> work) = 0;
+  /// No call comes after this; also the work itself may say so. Main thread.
+  virtual void unwatch(int descriptor) = 0;
   [[nodiscard]] virtual ContinuousClock::time_point now() const = 0;
 
   /// The tasks that live on this queue; see `launch`.

@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <deque>
+#include <map>
 #include <mutex>
+#include <poll.h>
 #include <utility>
 
 #include "platform/main_queue.h"
@@ -23,11 +25,13 @@ class ManualQueue : public MainQueue {
     return timed_.add(deadline, std::move(work));
   }
   void cancel(TimerId timer) override { timed_.cancel(timer); }
+  void watch(int descriptor, std::function<void()> work) override { watches_[descriptor] = std::move(work); }
+  void unwatch(int descriptor) override { watches_.erase(descriptor); }
   [[nodiscard]] ContinuousClock::time_point now() const override { return now_; }
 
-  /// Runs what is posted and what is due, until nothing of either is left.
+  /// Runs what is posted, due or can be read, until nothing of it is left.
   void run() {
-    while (runPosted() || runDue()) {
+    while (runPosted() || runDue() || runReadable()) {
     }
   }
 
@@ -63,6 +67,17 @@ class ManualQueue : public MainQueue {
     return work.has_value();
   }
 
+  bool runReadable() {
+    for (const auto& [descriptor, work] : std::map(watches_)) {
+      pollfd asked{.fd = descriptor, .events = POLLIN, .revents = 0};
+      if (::poll(&asked, 1, 0) != 1 || !watches_.contains(descriptor)) continue;
+      work();
+      return true;
+    }
+    return false;
+  }
+
+  std::map<int, std::function<void()>> watches_;
   std::mutex mutex_;
   std::deque<Work> posted_;
   TimedWork timed_;

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <ctime>
 #include <deque>
+#include <map>
 #include <mutex>
 #include <optional>
 #include <sys/timerfd.h>
@@ -68,6 +69,21 @@ class QtMainQueue::Loop : public QObject {
     arm();
   }
 
+  void watch(int descriptor, std::function<void()> work) {
+    auto watcher = std::make_unique<QSocketNotifier>(descriptor, QSocketNotifier::Read);
+    QObject::connect(watcher.get(), &QSocketNotifier::activated, this, [work = std::move(work)] { work(); });
+    watchers_.insert_or_assign(descriptor, std::move(watcher));
+  }
+
+  void unwatch(int descriptor) {
+    const auto found = watchers_.find(descriptor);
+    if (found == watchers_.end()) return;
+    found->second->setEnabled(false);
+    // It may be the one that calls: it goes with the next turn.
+    post([gone = std::move(found->second)] {});
+    watchers_.erase(found);
+  }
+
  protected:
   void customEvent(QEvent*) override {
     std::unique_lock lock(mutex_);
@@ -97,6 +113,7 @@ class QtMainQueue::Loop : public QObject {
 
   int timer_;
   QSocketNotifier notifier_;
+  std::map<int, std::unique_ptr<QSocketNotifier>> watchers_;
   TimedWork timed_;
   std::optional<ContinuousClock::time_point> armed_;
   std::mutex mutex_;
@@ -111,6 +128,8 @@ MainQueue::TimerId QtMainQueue::runAt(ContinuousClock::time_point deadline, Work
   return loop_->runAt(deadline, std::move(work));
 }
 void QtMainQueue::cancel(TimerId timer) { loop_->cancel(timer); }
+void QtMainQueue::watch(int descriptor, std::function<void()> work) { loop_->watch(descriptor, std::move(work)); }
+void QtMainQueue::unwatch(int descriptor) { loop_->unwatch(descriptor); }
 ContinuousClock::time_point QtMainQueue::now() const { return bootTime(); }
 
 }  // namespace quibbly::qt_services

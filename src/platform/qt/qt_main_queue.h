@@ -16,6 +16,8 @@ class QtMainQueue : public MainQueue {
   void post(Work work) override;
   TimerId runAt(ContinuousClock::time_point deadline, Work work) override;
   void cancel(TimerId timer) override;
+  void watch(int descriptor, std::function<void()> work) override;
+  void unwatch(int descriptor) override;
   [[nodiscard]] ContinuousClock::time_point now() const override;
 
  private:

@@ -1,9 +1,11 @@
 // What every main queue must do, on the queue with the moved clock and on the one on Qt's event loop.
 
+#include <array>
 #include <functional>
 #include <memory>
 #include <string>
 #include <thread>
+#include <unistd.h>
 #include <vector>
 
 #include <QCoreApplication>
@@ -83,6 +85,24 @@ TEST_P(MainQueueContract, timed_work_runs_by_deadline_and_equal_deadlines_by_ord
   EXPECT_GE(queue().now(), now + 20ms);
   EXPECT_THAT(notes_, ElementsAre("overdue", "early 1", "early 2", "late"));
   queue().cancel(cancelled);
+}
+
+TEST_P(MainQueueContract, a_watch_calls_while_there_is_something_to_read_and_may_end_itself) {
+  std::array<int, 2> ends{};
+  ASSERT_EQ(::pipe(ends.data()), 0);
+  queue().watch(ends[0], [&] {
+    char byte = 0;
+    ASSERT_EQ(::read(ends[0], &byte, 1), 1);
+    notes_.emplace_back(1, byte);
+    if (byte == 'b') queue().unwatch(ends[0]);
+  });
+  ASSERT_EQ(::write(ends[1], "abc", 3), 3);
+  EXPECT_THAT(notes_, ElementsAre());
+  EXPECT_TRUE(untilNoted(2));
+  queue().post(note("after"));
+  EXPECT_TRUE(untilNoted(3));
+  EXPECT_THAT(notes_, ElementsAre("a", "b", "after"));
+  for (const int end : ends) ::close(end);
 }
 
 TEST_P(MainQueueContract, waiting_work_and_sleeping_tasks_go_with_the_queue) {
