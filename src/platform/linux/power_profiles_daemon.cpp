@@ -4,10 +4,10 @@
 #include <array>
 #include <chrono>
 #include <cstdint>
-#include <memory>
 #include <string_view>
-#include <systemd/sd-bus.h>
 #include <utility>
+
+#include "platform/linux/bus_handles.h"
 
 namespace quibbly::linux_services {
 namespace {
@@ -27,29 +27,6 @@ constexpr auto daemonNames = std::to_array<DaemonName>({
 /// For connecting, and for one answer; a bus that works takes a hundredth of it.
 constexpr std::chrono::microseconds patience = 200ms;
 
-struct CloseBus {
-  void operator()(sd_bus* bus) const { sd_bus_close_unref(bus); }
-};
-struct DropMessage {
-  void operator()(sd_bus_message* message) const { sd_bus_message_unref(message); }
-};
-using Bus = std::unique_ptr<sd_bus, CloseBus>;
-using Message = std::unique_ptr<sd_bus_message, DropMessage>;
-
-/// A connection that is being made; null when there is nobody to connect to.
-Bus openBus(const std::string& address) {
-  sd_bus* opened = nullptr;
-  if (address.empty()) {
-    const bool isOpen = sd_bus_open_system(&opened) >= 0;
-    return Bus(isOpen ? opened : nullptr);
-  }
-  if (sd_bus_new(&opened) < 0) return nullptr;
-  Bus bus(opened);
-  const bool isOpen = sd_bus_set_address(opened, address.c_str()) >= 0 && sd_bus_set_bus_client(opened, 1) >= 0 &&
-                      sd_bus_start(opened) >= 0;
-  return isOpen ? std::move(bus) : nullptr;
-}
-
 /// Whether the bus took us in. A call would wait for that without any limit.
 bool becomesReady(sd_bus* bus) {
   using Clock = std::chrono::steady_clock;
@@ -63,13 +40,13 @@ bool becomesReady(sd_bus* bus) {
   return false;
 }
 
-Message questionFor(sd_bus* bus, const DaemonName& daemon) {
+BusMessage questionFor(sd_bus* bus, const DaemonName& daemon) {
   sd_bus_message* created = nullptr;
   if (sd_bus_message_new_method_call(bus, &created, daemon.service, daemon.path, "org.freedesktop.DBus.Properties",
                                      "Get") < 0) {
     return nullptr;
   }
-  Message question(created);
+  BusMessage question(created);
   const bool isComplete = sd_bus_message_append(created, "ss", daemon.service, "ActiveProfile") >= 0 &&
                           sd_bus_message_set_auto_start(created, 0) >= 0;
   return isComplete ? std::move(question) : nullptr;
@@ -77,10 +54,10 @@ Message questionFor(sd_bus* bus, const DaemonName& daemon) {
 
 /// Absent when nobody answers under this name.
 std::optional<bool> isPowerSaver(sd_bus* bus, const DaemonName& daemon) {
-  const Message question = questionFor(bus, daemon);
+  const BusMessage question = questionFor(bus, daemon);
   sd_bus_message* received = nullptr;
   if (!question || sd_bus_call(bus, question.get(), patience.count(), nullptr, &received) < 0) return std::nullopt;
-  const Message answer(received);
+  const BusMessage answer(received);
   const char* profile = nullptr;
   if (sd_bus_message_read(received, "v", "s", &profile) < 0) return std::nullopt;
   return std::string_view(profile) == "power-saver";
@@ -100,7 +77,7 @@ std::optional<bool> PowerProfilesDaemon::enabled() {
 }
 
 std::optional<bool> PowerProfilesDaemon::ask() const {
-  const Bus bus = openBus(busAddress_);
+  const Bus bus = openSystemBus(busAddress_);
   if (!bus || !becomesReady(bus.get())) return std::nullopt;
   for (const DaemonName& daemon : daemonNames) {
     if (const auto answer = isPowerSaver(bus.get(), daemon)) return answer;

@@ -1,65 +1,31 @@
 #include "platform/linux/power_profiles_daemon.h"
 
-#include <csignal>
-#include <cstdio>
 #include <optional>
 #include <string>
-#include <systemd/sd-bus.h>
 #include <thread>
 #include <utility>
 
 #include <gtest/gtest.h>
 
 #include "fakes/file_tree.h"
+#include "fakes/private_bus.h"
 #include "fakes/silent_socket.h"
 
 namespace quibbly::linux_services {
 namespace {
 
-/// A message bus of the test's own, gone with the test.
-class PrivateBus {
- public:
-  PrivateBus() {
-    FILE* const output = ::popen("exec dbus-daemon --session --fork --print-address=1 --print-pid=1", "r");
-    char line[512] = "";
-    if (std::fgets(line, sizeof line, output)) address_ = std::string(line).substr(0, std::string(line).find('\n'));
-    if (std::fgets(line, sizeof line, output)) pid_ = std::atoi(line);
-    ::pclose(output);
-  }
-  PrivateBus(const PrivateBus&) = delete;
-  PrivateBus& operator=(const PrivateBus&) = delete;
-  ~PrivateBus() {
-    if (pid_ > 0) ::kill(pid_, SIGKILL);
-  }
-  [[nodiscard]] const std::string& address() const { return address_; }
-
- private:
-  std::string address_;
-  pid_t pid_ = 0;
-};
-
 /// A profiles daemon on the bus. Without a profile it takes questions and never answers.
 class ProfilesDaemon {
  public:
   ProfilesDaemon(const std::string& address, const char* service, const char* path, const char* profile)
-      : profile_(profile) {
-    sd_bus_new(&bus_);
-    sd_bus_set_address(bus_, address.c_str());
-    sd_bus_set_bus_client(bus_, 1);
-    sd_bus_start(bus_);
-    sd_bus_add_object(bus_, nullptr, path, &ProfilesDaemon::answer, this);
-    sd_bus_request_name(bus_, service, 0);
+      : profile_(profile), peer_(address) {
+    sd_bus_add_object(peer_.get(), nullptr, path, &ProfilesDaemon::answer, this);
+    sd_bus_request_name(peer_.get(), service, 0);
     thread_ = std::jthread([this](const std::stop_token& stop) {
       while (!stop.stop_requested()) {
-        if (sd_bus_process(bus_, nullptr) == 0) sd_bus_wait(bus_, 10'000);
+        if (sd_bus_process(peer_.get(), nullptr) == 0) sd_bus_wait(peer_.get(), 10'000);
       }
     });
-  }
-  ProfilesDaemon(const ProfilesDaemon&) = delete;
-  ProfilesDaemon& operator=(const ProfilesDaemon&) = delete;
-  ~ProfilesDaemon() {
-    thread_ = {};
-    sd_bus_close_unref(bus_);
   }
 
  private:
@@ -73,8 +39,8 @@ class ProfilesDaemon {
   }
 
   const char* profile_;
-  sd_bus* bus_ = nullptr;
-  std::jthread thread_;
+  fakes::BusPeer peer_;
+  std::jthread thread_;  // last: it is stopped first
 };
 
 class PowerProfiles : public ::testing::Test {
@@ -84,11 +50,11 @@ class PowerProfiles : public ::testing::Test {
   static constexpr auto older = "net.hadess.PowerProfiles";
   static constexpr auto olderPath = "/net/hadess/PowerProfiles";
 
-  void SetUp() override { ASSERT_NE(bus_.address(), "") << "dbus-daemon is needed"; }
+  void SetUp() override { ASSERT_TRUE(bus_.running()) << "dbus-daemon is needed"; }
 
   std::optional<bool> ask() { return PowerProfilesDaemon(bus_.address()).enabled(); }
 
-  PrivateBus bus_;
+  fakes::PrivateBus bus_;
 };
 
 TEST_F(PowerProfiles, power_saver_is_low_power_and_any_other_profile_is_not) {

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+
+#include "platform/linux/bus_handles.h"
+#include "platform/main_queue.h"
+
+namespace quibbly::linux_services {
+
+/// The bus of the user's session, over one connection for all who use it, served by the main queue.
+///
+/// Nothing here waits. The connection is made when it is first needed, and made anew by the next use after it was lost;
+/// what is sent before the bus takes us in goes out once it does. A bus that does not take us in within a moment counts as
+/// missing: what was sent is lost then, and who asked hears that there is no answer. Main thread.
+class SessionBus {
+ public:
+  /// An answer that came, to be read inside the call; null when none came in time or it was an error.
+  using Answered = std::function<void(sd_bus_message* answer)>;
+  enum class SubscriptionId : std::uint64_t {};
+
+  /// An empty address means that of the session.
+  explicit SessionBus(MainQueue& queue, std::string address = "");
+  SessionBus(const SessionBus&) = delete;
+  SessionBus& operator=(const SessionBus&) = delete;
+  ~SessionBus();
+
+  /// Messages to be filled in and handed to `send` or `call`; null without a bus.
+  [[nodiscard]] BusMessage newSignal(const char* path, const char* interface, const char* member);
+  [[nodiscard]] BusMessage newCall(const char* service, const char* path, const char* interface, const char* member);
+
+  /// Sends a signal. Null is nothing to send.
+  void send(const BusMessage& signal);
+  /// Sends a question, and calls back once, on a later turn of the queue: within four seconds, with an answer or with null.
+  void call(const BusMessage& question, Answered answered);
+
+  /// Calls the handler for each message that fits the match rule, until it is unsubscribed; on a connection that was made
+  /// anew too.
+  SubscriptionId subscribe(std::string rule, std::function<void()> handler);
+  void unsubscribe(SubscriptionId subscription);
+
+ private:
+  struct Subscription {
+    std::string rule;
+    std::function<void()> handler;
+    BusSlot slot;
+  };
+
+  sd_bus* connection();
+  bool open();
+  void close();
+  void listen(Subscription& subscription);
+  void turnLater();
+  void turn();
+
+  MainQueue& queue_;
+  std::string address_;
+  BusEvents events_;
+  Bus bus_;
+  std::map<SubscriptionId, Subscription> subscriptions_;
+  SubscriptionId nextSubscription_{};
+  MainQueue::TimerId connectLimit_{};
+  bool turnIsPosted_ = false;
+  std::shared_ptr<void> alive_ = std::make_shared<char>();  // gone, posted work has nothing to do
+};
+
+}  // namespace quibbly::linux_services
