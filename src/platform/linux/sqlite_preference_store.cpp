@@ -2,6 +2,8 @@
 
 #include <cstring>
 #include <fcntl.h>
+#include <future>
+#include <system_error>
 #include <utility>
 
 #include <sqlite3.h>
@@ -15,6 +17,7 @@ namespace {
 struct CloseDatabase {
   void operator()(sqlite3* database) const { sqlite3_close(database); }
 };
+using Handle = std::unique_ptr<sqlite3, CloseDatabase>;
 struct FinalizeStatement {
   void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
 };
@@ -25,6 +28,14 @@ constexpr const char* schema =
     "PRAGMA synchronous = NORMAL;"
     "CREATE TABLE IF NOT EXISTS preferences (key TEXT NOT NULL PRIMARY KEY, value) WITHOUT ROWID;";
 
+/// What moves the log into the database, and begins the next log: the first write after the move flushes to the disk, and
+/// here it can be one that nobody waits for.
+constexpr const char* startNewLog =
+    "PRAGMA wal_checkpoint;"
+    "PRAGMA user_version = 0;";
+
+constexpr int longLogPages = 1000;
+
 /// SQLite would make the file readable for everybody that the user's mask lets in; the files beside it take its mode.
 bool makeFile(const std::filesystem::path& file) {
   constexpr mode_t forTheUserAlone = 0600;
@@ -32,6 +43,23 @@ bool makeFile(const std::filesystem::path& file) {
   const FileDescriptor made(
       ::open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, forTheUserAlone));
   return static_cast<bool>(made);
+}
+
+/// Null when the file cannot be opened.
+Handle openHandle(const std::filesystem::path& file, std::chrono::milliseconds patience) {
+  sqlite3* opened = nullptr;
+  const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOFOLLOW | SQLITE_OPEN_NOMUTEX;
+  const int status = sqlite3_open_v2(file.c_str(), &opened, flags, nullptr);
+  Handle handle(opened);
+  if (status != SQLITE_OK) return nullptr;
+  sqlite3_busy_timeout(opened, static_cast<int>(patience.count()));
+  // The log stays for the next to open the store: whoever closes it would have to wait for the disk.
+  sqlite3_db_config(opened, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
+  return handle;
+}
+
+bool run(sqlite3* database, const char* sql) {
+  return sqlite3_exec(database, sql, nullptr, nullptr, nullptr) == SQLITE_OK;
 }
 
 void bind(sqlite3_stmt* statement, int place, std::int64_t value) { sqlite3_bind_int64(statement, place, value); }
@@ -75,11 +103,10 @@ class SqlitePreferenceStore::Database {
   static std::unique_ptr<Database> openAt(const std::filesystem::path& file, std::chrono::milliseconds patience) {
     if (!makeFile(file)) return nullptr;
     auto database = std::make_unique<Database>();
-    sqlite3* opened = nullptr;
-    const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOFOLLOW | SQLITE_OPEN_NOMUTEX;
-    const int status = sqlite3_open_v2(file.c_str(), &opened, flags, nullptr);
-    database->handle_.reset(opened);
-    return status == SQLITE_OK && database->prepareAll(patience) ? std::move(database) : nullptr;
+    database->file_ = file;
+    database->patience_ = patience;
+    database->handle_ = openHandle(file, patience);
+    return database->handle_ && database->prepareAll() ? std::move(database) : nullptr;
   }
 
   std::optional<PreferenceValue> value(std::string_view key) {
@@ -111,9 +138,9 @@ class SqlitePreferenceStore::Database {
   }
 
  private:
-  bool prepareAll(std::chrono::milliseconds patience) {
-    sqlite3_busy_timeout(handle_.get(), static_cast<int>(patience.count()));
+  bool prepareAll() {
     if (!run(schema)) return false;
+    sqlite3_wal_hook(handle_.get(), &Database::afterCommit, this);
     find_ = prepared("SELECT value FROM preferences WHERE key = ?1");
     list_ = prepared("SELECT key, value FROM preferences ORDER BY key");
     put_ = prepared("INSERT INTO preferences VALUES (?1, ?2) ON CONFLICT (key) DO UPDATE SET value = ?2");
@@ -121,7 +148,25 @@ class SqlitePreferenceStore::Database {
     return find_ && list_ && put_ && remove_;
   }
 
-  bool run(const char* sql) { return sqlite3_exec(handle_.get(), sql, nullptr, nullptr, nullptr) == SQLITE_OK; }
+  bool run(const char* sql) { return linux_services::run(handle_.get(), sql); }
+
+  /// SQLite would move a long log within the commit that finds it long, and flush the disk for that.
+  static int afterCommit(void* self, sqlite3*, const char*, int logPages) {
+    if (logPages >= longLogPages) static_cast<Database*>(self)->shortenLog();
+    return SQLITE_OK;
+  }
+
+  /// On a thread and a connection of its own.
+  void shortenLog() {
+    if (shortening_.valid() && shortening_.wait_for(std::chrono::seconds(0)) != std::future_status::ready) return;
+    try {
+      shortening_ = std::async(std::launch::async, [file = file_, patience = patience_] {
+        if (const Handle handle = openHandle(file, patience)) linux_services::run(handle.get(), startNewLog);
+      });
+    } catch (const std::system_error&) {
+      // No thread can be had now. The log is as good long, and the next commit tries again.
+    }
+  }
 
   /// Takes the transaction back; what cannot be taken back is dropped with the connection.
   bool undone() {
@@ -145,11 +190,14 @@ class SqlitePreferenceStore::Database {
   }
 
   // First, so that it is closed after its statements are gone.
-  std::unique_ptr<sqlite3, CloseDatabase> handle_;
+  Handle handle_;
   Statement find_;
   Statement list_;
   Statement put_;
   Statement remove_;
+  std::filesystem::path file_;
+  std::chrono::milliseconds patience_{};
+  std::future<void> shortening_;  // last: it is waited for before the rest goes
 };
 
 SqlitePreferenceStore::SqlitePreferenceStore(std::filesystem::path file, std::chrono::milliseconds patience)
