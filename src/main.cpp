@@ -29,22 +29,18 @@ std::expected<std::string, Complaint> outputOf(const CommandLine& request) {
   return MachineCommands(machine.monitor(), engine, recentRoasts).run(request);
 }
 
-std::expected<void, Complaint> run(std::span<const char* const> words) {
+int run(std::span<const char* const> words) {
   const auto request = parseCommandLine(words);
-  if (!request) return std::unexpected(Complaint{.status = Complaint::badCommandLine, .line = request.error()});
-  const auto output = outputOf(*request);
-  if (!output) return std::unexpected(output.error());
-  if (const std::error_code error = printToStandardOutput(*output)) {
-    return std::unexpected(
-        Complaint{.status = Complaint::failed, .line = "cannot write to standard output: " + error.message()});
+  if (!request) {
+    complain(request.error());
+    return Complaint::badCommandLine;
   }
-  return {};
-}
-
-int statusOf(const std::expected<void, Complaint>& outcome) {
-  if (outcome) return 0;
-  complain(outcome.error().line);
-  return outcome.error().status;
+  const auto output = outputOf(*request);
+  if (!output) {
+    complain(output.error().line);
+    return output.error().status;
+  }
+  return printOrComplain(*output) ? 0 : Complaint::failed;
 }
 
 }  // namespace
@@ -53,7 +49,7 @@ int main(int argc, char** argv) {
   prepareStandardStreams();
   try {
     const std::span<char*> words(argv, static_cast<std::size_t>(argc));
-    return statusOf(run({words.begin() + std::min(argc, 1), words.end()}));
+    return run({words.begin() + std::min(argc, 1), words.end()});
   } catch (const std::exception& error) {
     // Nothing of ours throws; what comes here is a machine without memory or threads.
     complain(error.what());

@@ -1,15 +1,13 @@
 #include "commands/command_line.h"
 
-#include <vector>
+#include <utility>
 
 #include <CLI/CLI.hpp>
 
-#include "commands/printable.h"
+#include "commands/words.h"
 
 namespace quibbly {
 namespace {
-
-constexpr const char* adviceOnWords = "Say 'quibbly --help' for the words that are.";
 
 void addPrefs(CLI::App& app, CommandLine& request) {
   CLI::App* const prefs = app.add_subcommand("prefs", "List, show, set or remove preferences");
@@ -62,19 +60,12 @@ std::expected<CommandLine, std::string> parseCommandLine(std::span<const char* c
 
   addPrefs(app, request);
 
-  try {
-    // The parser takes the words from the back.
-    std::vector<std::string> words(arguments.rbegin(), arguments.rend());
-    app.parse(words);
-    if (app.get_subcommands().empty())
-      return std::unexpected("no command given; say 'quibbly roast' or 'quibbly sample'");
-  } catch (const CLI::CallForHelp&) {
-    request.text = app.help();
-  } catch (const CLI::CallForVersion&) {
-    request.text = app.version() + "\n";
-  } catch (const CLI::ParseError& error) {
-    return std::unexpected(printable(error.what()) + ". " + adviceOnWords);
+  auto text = readWords(app, arguments);
+  if (!text) return std::unexpected(std::move(text.error()));
+  if (text->empty() && app.get_subcommands().empty()) {
+    return std::unexpected("no command given; say 'quibbly roast' or 'quibbly sample'");
   }
+  request.text = std::move(*text);
   return request;
 }
 

@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <unistd.h>
 #include <vector>
@@ -10,6 +11,7 @@
 #include "platform/linux/application_scopes.h"
 #include "platform/linux/boot_clock_uptime.h"
 #include "platform/linux/desktop_entries.h"
+#include "platform/linux/icu_user_text.h"
 #include "platform/linux/kernel_random.h"
 #include "platform/linux/meminfo.h"
 #include "platform/linux/platform_profile.h"
@@ -57,6 +59,7 @@ struct Machine::Services {
   SystemWallClock clock;
   KernelRandom random;
   PosixFileSystem files;
+  IcuUserText userText;
   XdgSharedContainer container{environment("XDG_DATA_HOME"), homeDirectory()};
   SqlitePreferenceStore preferences{preferenceDirectory() / "preferences.db"};
   SqlitePreferenceStore groupPreferences{preferenceDirectory() / "group.org.quibbly.db"};
@@ -78,18 +81,25 @@ struct Machine::Services {
   PowerProfilesDaemon profilesDaemon;
   PlatformProfile firmwareProfile{root};
   FirstKnownLowPowerMode lowPower{{profilesDaemon, firmwareProfile}};
-  SystemMonitor monitor{clock, processor, memory, home, power, applications, thermal, uptime, lowPower};
+  std::optional<SystemMonitor> monitor;
 };
 
 Machine::Machine() : services_(std::make_unique<Services>()) {}
 Machine::~Machine() = default;
 
-SystemMonitor& Machine::monitor() { return services_->monitor; }
+SystemMonitor& Machine::monitor() {
+  Services& s = *services_;
+  if (!s.monitor) {
+    s.monitor.emplace(s.clock, s.processor, s.memory, s.home, s.power, s.applications, s.thermal, s.uptime, s.lowPower);
+  }
+  return *s.monitor;
+}
 const WallClock& Machine::clock() const { return services_->clock; }
 SecureRandom& Machine::random() { return services_->random; }
 FileSystem& Machine::files() { return services_->files; }
 PreferenceStore& Machine::preferences() { return services_->preferences; }
 PreferenceStore& Machine::groupPreferences() { return services_->groupPreferences; }
 const SharedContainer& Machine::container() const { return services_->container; }
+const UserText& Machine::userText() const { return services_->userText; }
 
 }  // namespace quibbly

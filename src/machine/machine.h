@@ -7,6 +7,7 @@
 #include "platform/preference_store.h"
 #include "platform/secure_random.h"
 #include "platform/shared_container.h"
+#include "platform/user_text.h"
 #include "platform/wall_clock.h"
 
 namespace quibbly {
@@ -20,11 +21,13 @@ class Machine {
   Machine& operator=(const Machine&) = delete;
   ~Machine();
 
+  /// Made when it is first asked for: not every program samples.
   [[nodiscard]] SystemMonitor& monitor();
   [[nodiscard]] const WallClock& clock() const;
   [[nodiscard]] SecureRandom& random();
   [[nodiscard]] FileSystem& files();
   [[nodiscard]] const SharedContainer& container() const;
+  [[nodiscard]] const UserText& userText() const;
   /// The application's own.
   [[nodiscard]] PreferenceStore& preferences();
   /// Those that widgets read.

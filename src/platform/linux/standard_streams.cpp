@@ -19,10 +19,14 @@ void prepareStandardStreams() {
   (void)std::signal(SIGPIPE, SIG_IGN);
 }
 
-std::error_code printToStandardOutput(std::string_view text) { return writeAll(STDOUT_FILENO, text); }
-
 void complain(std::string_view message) {
   [[maybe_unused]] const std::error_code unheard = writeAll(STDERR_FILENO, "quibbly: " + std::string(message) + "\n");
+}
+
+bool printOrComplain(std::string_view text) {
+  const std::error_code error = writeAll(STDOUT_FILENO, text);
+  if (error) complain("cannot write to standard output: " + error.message());
+  return !error;
 }
 
 }  // namespace quibbly::linux_services

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <string_view>
-#include <system_error>
 
 namespace quibbly::linux_services {
 
@@ -9,10 +8,11 @@ namespace quibbly::linux_services {
 /// output by accident, and lets a broken pipe come back as an error instead of ending the program.
 void prepareStandardStreams();
 
-/// Writes the whole text to standard output. The error is the system's, such as a full disk or a reader that went away.
-[[nodiscard]] std::error_code printToStandardOutput(std::string_view text);
-
 /// Writes "quibbly: MESSAGE" as one line to standard error; nobody can be told when that fails.
 void complain(std::string_view message);
+
+/// Writes the whole text to standard output; false when that fails, on a full disk or when the reader went away, after a
+/// complaint that says why.
+[[nodiscard]] bool printOrComplain(std::string_view text);
 
 }  // namespace quibbly::linux_services

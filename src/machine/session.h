@@ -1,0 +1,28 @@
+#pragma once
+
+#include <memory>
+
+#include "platform/cross_process_center.h"
+#include "platform/main_queue.h"
+#include "platform/widget_center.h"
+
+namespace quibbly {
+
+/// The services of the user's session, which live on the main queue. Like `Machine`, it chooses implementations. Nothing is
+/// connected before it is used.
+class Session {
+ public:
+  explicit Session(MainQueue& queue);
+  Session(const Session&) = delete;
+  Session& operator=(const Session&) = delete;
+  ~Session();
+
+  [[nodiscard]] WidgetCenter& widgets();
+  [[nodiscard]] CrossProcessCenter& crossProcess();
+
+ private:
+  struct Services;
+  std::unique_ptr<Services> services_;
+};
+
+}  // namespace quibbly

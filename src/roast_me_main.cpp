@@ -1,0 +1,70 @@
+// The roast-me intent as a program of its own, for widgets to run.
+
+#include <algorithm>
+#include <exception>
+#include <span>
+
+#include <QCoreApplication>
+
+#include "commands/complaint.h"
+#include "commands/roast_me_words.h"
+#include "engine/placeholder_roast_engine.h"
+#include "machine/machine.h"
+#include "machine/session.h"
+#include "platform/launched_tasks.h"
+#include "platform/linux/standard_streams.h"
+#include "platform/qt/qt_main_queue.h"
+#include "shared/roast_me_intent.h"
+
+namespace {
+
+using namespace quibbly;
+using namespace quibbly::linux_services;
+
+Task<> performThenQuit(RoastMeIntent& intent, LastRoast& roast) {
+  roast = co_await intent.perform();
+  QCoreApplication::quit();
+}
+
+LastRoast performIntent(int argc, char** argv) {
+  const QCoreApplication application(argc, argv);
+  Machine machine;
+  qt_services::QtMainQueue queue;
+  Session session(queue);
+  const SharedStorage storage(machine.container(), machine.files(), machine.random());
+  const RecentRoasts recentRoasts(storage);
+  AppGroupStore store(storage, machine.groupPreferences(), machine.clock(), machine.random(), machine.userText());
+  const PlaceholderRoastEngine engine(machine.clock(), machine.random());
+  PendingNotifyQueue notifications(storage, machine.files(), session.crossProcess(), machine.clock());
+  WidgetReload widgets(session.widgets(), machine.groupPreferences());
+  RoastMeIntent intent(recentRoasts, store, engine, notifications, widgets, machine.clock());
+
+  LastRoast roast;
+  launch(queue, performThenQuit(intent, roast));
+  QCoreApplication::exec();
+  return roast;
+}
+
+int run(int argc, char** argv) {
+  const std::span<char*> all(argv, static_cast<std::size_t>(argc));
+  const auto words = parseRoastMeWords({all.begin() + std::min(argc, 1), all.end()});
+  if (!words) {
+    complain(words.error());
+    return Complaint::badCommandLine;
+  }
+  if (!words->text.empty()) return printOrComplain(words->text) ? 0 : Complaint::failed;
+  const LastRoast roast = performIntent(argc, argv);
+  return !words->verbose || printOrComplain(roast.text + "\n") ? 0 : Complaint::failed;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  prepareStandardStreams();
+  try {
+    return run(argc, argv);
+  } catch (const std::exception&) {
+    // A machine without memory makes no roast, and the widget that asked for one has no use for the reason.
+    return 0;
+  }
+}
