@@ -6,7 +6,9 @@
 #include <filesystem>
 #include <map>
 #include <optional>
+#include <string>
 #include <unistd.h>
+#include <vector>
 
 #include <benchmark/benchmark.h>
 
@@ -80,8 +82,14 @@ bool report(const FastestRun& fastest) {
 int main(int argc, char** argv) {
   ::unsetenv("DISPLAY");  // samples are measured without one
   const auto container = std::filesystem::temp_directory_path() / ("quibbly-bench." + std::to_string(::getpid()));
-  ::setenv("XDG_DATA_HOME", container.c_str(), 1);  // a benchmark says nothing that the user would not hear again
-  benchmark::Initialize(&argc, argv);
+  // A benchmark says nothing that the user would not hear again, and touches no preferences.
+  for (const char* home : {"XDG_DATA_HOME", "XDG_CONFIG_HOME"}) ::setenv(home, container.c_str(), 1);
+  // What disturbs the machine for a second shall disturb a figure and its baseline alike.
+  std::vector<char*> words(argv, argv + argc);
+  std::string interleave = "--benchmark_enable_random_interleaving=true";
+  words.insert(words.begin() + 1, interleave.data());
+  argc = static_cast<int>(words.size());
+  benchmark::Initialize(&argc, words.data());
   quibbly::bench::FastestRun fastest;
   benchmark::RunSpecifiedBenchmarks(&fastest);
   std::error_code ignored;

@@ -10,7 +10,7 @@ class SharedContainer {
  public:
   virtual ~SharedContainer() = default;
   /// Where it is, whether it exists yet or not; absent when the system has no place for it.
-  [[nodiscard]] virtual std::optional<std::filesystem::path> url() const = 0;
+  [[nodiscard]] virtual const std::optional<std::filesystem::path>& url() const = 0;
 };
 
 }  // namespace quibbly

@@ -24,7 +24,7 @@ class Mailbox {
   [[nodiscard]] std::optional<Record> take() const {
     auto entry = storage_.read<Record>(fileName_);
     if (!entry) return std::nullopt;
-    if (const auto container = storage_.containerURL()) {
+    if (const auto& container = storage_.containerURL()) {
       [[maybe_unused]] const std::error_code stays = files_.remove(*container / fileName_);
     }
     return std::move(*entry);

@@ -7,7 +7,7 @@
 namespace quibbly {
 
 std::error_code SharedStorage::writeText(std::string_view text, std::string_view toFileName) const {
-  const auto container = containerURL();
+  const auto& container = containerURL();
   if (!container) return SharedStorageError::appGroupUnavailable;
   const auto target = *container / toFileName;
   if (const std::error_code error = files_.createDirectories(*container)) return error;
@@ -22,7 +22,7 @@ std::error_code SharedStorage::writeText(std::string_view text, std::string_view
 }
 
 std::expected<std::string, std::error_code> SharedStorage::readText(std::string_view fromFileName) const {
-  const auto container = containerURL();
+  const auto& container = containerURL();
   if (!container) return std::unexpected(make_error_code(SharedStorageError::appGroupUnavailable));
   auto text = files_.read(*container / fromFileName);
   if (!text) return std::unexpected(make_error_code(SharedStorageError::decodingFailed));

@@ -25,7 +25,7 @@ class SharedStorage {
       : container_(container), files_(files), random_(random) {}
 
   /// Where the container is; absent when the system has no place for it.
-  [[nodiscard]] std::optional<std::filesystem::path> containerURL() const { return container_.url(); }
+  [[nodiscard]] const std::optional<std::filesystem::path>& containerURL() const { return container_.url(); }
   [[nodiscard]] bool containerAvailable() const { return containerURL().has_value(); }
 
   /// Puts the record in place of the file. On failure the file keeps its content.

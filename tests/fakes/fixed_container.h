@@ -10,7 +10,7 @@ namespace quibbly::fakes {
 class FixedContainer : public SharedContainer {
  public:
   explicit FixedContainer(std::optional<std::filesystem::path> url) : url_(std::move(url)) {}
-  [[nodiscard]] std::optional<std::filesystem::path> url() const override { return url_; }
+  [[nodiscard]] const std::optional<std::filesystem::path>& url() const override { return url_; }
 
  private:
   std::optional<std::filesystem::path> url_;

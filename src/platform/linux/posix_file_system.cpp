@@ -22,6 +22,7 @@ std::error_code made(std::errc error) { return std::make_error_code(error); }
 
 std::error_code PosixFileSystem::createDirectories(const std::filesystem::path& directory) {
   constexpr mode_t forTheUserAlone = 0700;
+  if (directoryExists(directory)) return {};
   if (::mkdir(directory.c_str(), forTheUserAlone) == 0) return {};
   if (errno == EEXIST) return directoryExists(directory) ? std::error_code() : made(std::errc::not_a_directory);
   if (errno != ENOENT || !directory.has_relative_path()) return lastError();

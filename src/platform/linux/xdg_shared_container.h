@@ -11,7 +11,7 @@ class XdgSharedContainer final : public SharedContainer {
   /// does. With neither there is no container.
   XdgSharedContainer(const std::filesystem::path& dataHome, const std::filesystem::path& home);
 
-  [[nodiscard]] std::optional<std::filesystem::path> url() const override { return url_; }
+  [[nodiscard]] const std::optional<std::filesystem::path>& url() const override { return url_; }
 
  private:
   std::optional<std::filesystem::path> url_;
