@@ -16,7 +16,7 @@ void prepareStandardStreams() {
     // The lowest free number is the one that is missing. Opened the wrong way round, it still fails as a closed one does.
     [[maybe_unused]] const int taken = ::open("/dev/null", descriptor == STDIN_FILENO ? O_WRONLY : O_RDONLY);
   }
-  (void)std::signal(SIGPIPE, SIG_IGN);
+  for (const int signal : {SIGPIPE, SIGXFSZ}) (void)std::signal(signal, SIG_IGN);
 }
 
 void complain(std::string_view message) {

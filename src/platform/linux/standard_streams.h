@@ -5,7 +5,7 @@
 namespace quibbly::linux_services {
 
 /// Called first thing: makes sure that descriptors 0 to 2 are open, so that a file opened later cannot become standard
-/// output by accident, and lets a broken pipe come back as an error instead of ending the program.
+/// output by accident, and lets a broken pipe and a file grown too large come back as errors instead of ending the program.
 void prepareStandardStreams();
 
 /// Writes "quibbly: MESSAGE" as one line to standard error; nobody can be told when that fails.

@@ -1,10 +1,15 @@
 // What every preference store must do, on the one in memory and on the one on SQLite; then what only files can suffer.
 
+#include <chrono>
+#include <csignal>
 #include <fstream>
 #include <limits>
 #include <memory>
 #include <sstream>
+#include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -111,6 +116,53 @@ TEST_F(SqliteStore, that_others_keep_locked_is_given_up_on_and_works_again_later
   sqlite3_close(locker);
   EXPECT_FALSE(store.set("key", std::int64_t{3}));
   EXPECT_EQ(store.get<std::int64_t>("key"), 3);
+}
+
+TEST_F(SqliteStore, that_may_not_be_written_or_has_no_room_takes_nothing_and_loses_nothing) {
+  ASSERT_EQ(SqlitePreferenceStore(file_).set("key", std::int64_t{1}), std::error_code());
+  const auto inChild = [this](auto limit) {
+    const pid_t child = ::fork();
+    if (child == 0) {
+      limit();
+      SqlitePreferenceStore store(file_);
+      const bool took = !store.set("key", std::int64_t{2}) || !store.set("other", std::string(100'000, 'x'));
+      ::_exit(took || store.value("key").value_or(1) != PreferenceValue(std::int64_t{1}) ? 1 : 0);
+    }
+    int status = -1;
+    ::waitpid(child, &status, 0);
+    return status;
+  };
+  EXPECT_EQ(inChild([] {
+              (void)std::signal(SIGXFSZ, SIG_IGN);
+              const rlimit nothing{};
+              ::setrlimit(RLIMIT_FSIZE, &nothing);
+            }),
+            0);
+  ::chmod(tree_.root().c_str(), 0755);
+  ::chmod(file_.parent_path().c_str(), 0555);
+  ::chmod(file_.c_str(), 0444);
+  EXPECT_EQ(inChild([] {
+              constexpr uid_t nobody = 65534;  // root may write anything
+              if (::geteuid() == 0) (void)::setuid(nobody);
+            }),
+            0);
+  ::chmod(file_.parent_path().c_str(), 0755);
+  ::chmod(file_.c_str(), 0644);
+  SqlitePreferenceStore store(file_);
+  EXPECT_EQ(store.get<std::int64_t>("key"), 1);
+  EXPECT_EQ(store.set("key", std::int64_t{3}), std::error_code());
+}
+
+TEST_F(SqliteStore, moves_a_long_log_into_the_database_without_being_asked) {
+  SqlitePreferenceStore store(file_);
+  ASSERT_TRUE(store.open());
+  const auto empty = std::filesystem::file_size(file_);
+  char letter = 'a';
+  for (const auto end = std::chrono::steady_clock::now() + 30s; std::chrono::steady_clock::now() < end;) {
+    ASSERT_EQ(store.set("key", std::string(20'000, letter ^= 1)), std::error_code());
+    if (std::filesystem::file_size(file_) > empty) return;
+  }
+  ADD_FAILURE() << "the log is " << std::filesystem::file_size(file_.string() + "-wal") << " bytes long";
 }
 
 TEST_F(SqliteStore, that_is_no_database_is_unavailable_and_left_as_it_is) {
