@@ -7,11 +7,8 @@
 
 #include "fakes/file_tree.h"
 #include "fakes/fixed_clock.h"
-#include "fakes/fixed_container.h"
+#include "fakes/group.h"
 #include "fakes/memory_preference_store.h"
-#include "platform/linux/icu_user_text.h"
-#include "platform/linux/kernel_random.h"
-#include "platform/linux/posix_file_system.h"
 #include "shared/epoch_seconds.h"
 #include "shared/widget_generation.h"
 
@@ -64,14 +61,11 @@ class GroupStore : public ::testing::Test {
   std::string file(const std::string& name) { return *storage_.readText(name); }
 
   fakes::FileTree tree_;
-  fakes::FixedClock clock_;
-  fakes::FixedContainer container_{tree_.root()};
-  fakes::MemoryPreferenceStore preferences_;
-  linux_services::PosixFileSystem files_;
-  linux_services::KernelRandom random_;
-  linux_services::IcuUserText userText_;
-  SharedStorage storage_{container_, files_, random_};
-  AppGroupStore store_{storage_, preferences_, clock_, random_, userText_};
+  fakes::Group<fakes::FixedClock, fakes::MemoryPreferenceStore> group_{tree_.root()};
+  fakes::FixedClock& clock_ = group_.clock;
+  fakes::MemoryPreferenceStore& preferences_ = group_.preferences;
+  SharedStorage& storage_ = group_.storage;
+  AppGroupStore& store_ = group_.store;
 };
 
 TEST_F(GroupStore, a_publication_is_one_transaction_of_fifteen_keys_and_four_files) {
@@ -177,8 +171,8 @@ TEST_F(GroupStore, damaged_bytes_fall_back_to_the_files) {
 
 TEST_F(GroupStore, without_a_container_the_preferences_still_get_their_keys) {
   const fakes::FixedContainer none(std::nullopt);
-  const SharedStorage nowhere(none, files_, random_);
-  AppGroupStore store(nowhere, preferences_, clock_, random_, userText_);
+  const SharedStorage nowhere(none, group_.files, group_.random);
+  AppGroupStore store(nowhere, preferences_, clock_, group_.random, group_.userText);
   store.publish(someRoast(), someSnapshot());
   EXPECT_EQ(store.lastRoast(), someRoast());
 }
@@ -202,11 +196,7 @@ TEST(UserTextTest, counts_characters_as_people_do) {
   EXPECT_EQ(text.firstCharacters(family + flag, 2), family + flag);
   EXPECT_EQ(text.firstCharacters(std::string(100, 'a'), 80), std::string(80, 'a'));
   EXPECT_EQ(text.firstCharacters("short", 80), "short");
-  EXPECT_EQ(text.firstCharacters("a\xff"
-                                 "bc",
-                                 3),
-            "a\xff"
-            "b");
+  EXPECT_EQ(text.firstCharacters("a\xff\x62\x63", 3), "a\xff\x62");
 }
 
 }  // namespace

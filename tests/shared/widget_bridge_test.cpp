@@ -12,13 +12,10 @@
 #include "fakes/fake_widget_center.h"
 #include "fakes/file_tree.h"
 #include "fakes/fixed_clock.h"
-#include "fakes/fixed_container.h"
+#include "fakes/group.h"
 #include "fakes/manual_queue.h"
 #include "fakes/memory_preference_store.h"
 #include "platform/launched_tasks.h"
-#include "platform/linux/icu_user_text.h"
-#include "platform/linux/kernel_random.h"
-#include "platform/linux/posix_file_system.h"
 #include "shared/roast_me_intent.h"
 #include "shared/roast_request_queue.h"
 
@@ -56,21 +53,19 @@ class WidgetBridge : public ::testing::Test {
   }
 
   fakes::FileTree tree_;
-  fakes::FixedClock clock_;
   fakes::ManualQueue queue_;
-  fakes::FixedContainer container_{tree_.root()};
-  fakes::MemoryPreferenceStore preferences_;
   fakes::FakeWidgetCenter widgets_;
   fakes::FakeCrossProcessCenter center_;
-  linux_services::PosixFileSystem files_;
-  linux_services::KernelRandom random_;
-  linux_services::IcuUserText userText_;
-  SharedStorage storage_{container_, files_, random_};
-  AppGroupStore store_{storage_, preferences_, clock_, random_, userText_};
+  fakes::Group<fakes::FixedClock, fakes::MemoryPreferenceStore> group_{tree_.root()};
+  fakes::FixedClock& clock_ = group_.clock;
+  fakes::MemoryPreferenceStore& preferences_ = group_.preferences;
+  linux_services::PosixFileSystem& files_ = group_.files;
+  SharedStorage& storage_ = group_.storage;
+  AppGroupStore& store_ = group_.store;
   RoastRequestQueue requests_{storage_, files_, center_};
   PendingNotifyQueue notifications_{storage_, files_, center_, clock_};
   WidgetReload reload_{widgets_, preferences_};
-  PlaceholderRoastEngine engine_{clock_, random_};
+  PlaceholderRoastEngine engine_{clock_, group_.random};
   RecentRoasts recentRoasts_{storage_};
   RoastMeIntent intent_{recentRoasts_, store_, engine_, notifications_, reload_, clock_};
   std::optional<LastRoast> roast_;
@@ -98,7 +93,7 @@ TEST_F(WidgetBridge, the_second_notification_replaces_the_first_and_each_is_anno
 
 TEST_F(WidgetBridge, a_notification_is_announced_even_when_it_could_not_be_left) {
   const fakes::FixedContainer none(std::nullopt);
-  const SharedStorage nowhere(none, files_, random_);
+  const SharedStorage nowhere(none, files_, group_.random);
   PendingNotifyQueue notifications(nowhere, files_, center_, clock_);
   notifications.enqueue("t", "b", "c");
   EXPECT_EQ(center_.posts.size(), 1U);
@@ -161,8 +156,8 @@ TEST_F(WidgetBridge, an_intent_without_a_container_or_a_store_still_ends) {
   preferences_.opens = false;
   tree_.add("recentRoasts.json", "not JSON");
   const fakes::FixedContainer none(std::nullopt);
-  const SharedStorage nowhere(none, files_, random_);
-  AppGroupStore store(nowhere, preferences_, clock_, random_, userText_);
+  const SharedStorage nowhere(none, files_, group_.random);
+  AppGroupStore store(nowhere, preferences_, clock_, group_.random, group_.userText);
   PendingNotifyQueue notifications(nowhere, files_, center_, clock_);
   const RecentRoasts forgetful(nowhere);
   RoastMeIntent intent(forgetful, store, engine_, notifications, reload_, clock_);

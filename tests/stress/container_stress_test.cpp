@@ -111,22 +111,22 @@ TEST_F(Container, several_intents_at_once_leave_whole_entries_to_the_application
   home.publish(0);
   const std::string run = "DBUS_SESSION_BUS_ADDRESS=disabled: XDG_DATA_HOME=" + (tree_.root() / "data").string() +
                           " XDG_CONFIG_HOME=" + (tree_.root() / "config").string() + " " QUIBBLY_ROAST_ME;
-  std::vector<pid_t> programs;
-  for (int i = 0; i < 4; ++i) programs.push_back(inChild([&] { return std::system(run.c_str()) == 0; }));
+  constexpr int programs = 4;
+  for (int i = 0; i < programs; ++i) inChild([&] { return std::system(run.c_str()) == 0; });
   const Mailbox<PendingNotify> box(home.storage, home.files, "pendingNotify.json");
   int taken = 0;
-  int running = static_cast<int>(programs.size());
-  while (running > 0) {
-    while (const auto entry = box.take()) {
+  const auto takeAll = [&] {
+    for (; const auto entry = box.take(); ++taken) {
       EXPECT_EQ(entry->title, "Your Mac would like a word");
       EXPECT_FALSE(entry->body.empty() || entry->category.empty());
-      ++taken;
     }
-    EXPECT_FALSE(std::filesystem::exists(home.containerURL / "pendingNotify.json")) << "an entry was torn";
+  };
+  for (int running = programs; running > 0; takeAll()) {
     int status = 0;
     for (; ::waitpid(-1, &status, WNOHANG) > 0; --running) EXPECT_EQ(status, 0);
     std::this_thread::sleep_for(1ms);
   }
+  EXPECT_FALSE(std::filesystem::exists(home.containerURL / "pendingNotify.json")) << "an entry was torn";
   EXPECT_GT(taken, 0);
   EXPECT_TRUE(home.store.lastRoast()->ruleId.has_value()) << "an intent's roast";
   EXPECT_EQ(home.preferences.all().size(), 15U);
