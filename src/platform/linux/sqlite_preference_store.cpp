@@ -28,8 +28,8 @@ constexpr const char* schema =
     "PRAGMA synchronous = NORMAL;"
     "CREATE TABLE IF NOT EXISTS preferences (key TEXT NOT NULL PRIMARY KEY, value) WITHOUT ROWID;";
 
-/// What moves the log into the database, and begins the next log: the first write after the move flushes to the disk, and
-/// here it can be one that nobody waits for.
+/// Moves the log into the database, and begins the next log: the first write after the move flushes to the disk, so it is
+/// one that nobody waits for, unless somebody's commit comes just between the two.
 constexpr const char* startNewLog =
     "PRAGMA wal_checkpoint;"
     "PRAGMA user_version = 0;";
