@@ -48,6 +48,7 @@ class TaskPromise : public TaskPromiseBase {
  public:
   [[nodiscard]] Task<Result> get_return_object();
   void return_value(Result result) { result_ = std::move(result); }
+  // NOLINTNEXTLINE(bugprone-unchecked-optional-access): asked once the coroutine has returned
   [[nodiscard]] Result takeResult() { return std::move(*result_); }
 
  private:

@@ -16,7 +16,7 @@ WidgetCenter::Configurations kindsIn(sd_bus_message* names) {
   std::vector<std::string> kinds;
   const char* name = nullptr;
   int got = 0;
-  while ((got = sd_bus_message_read_basic(names, 's', &name)) > 0) {
+  while ((got = sd_bus_message_read_basic(names, 's', static_cast<void*>(&name))) > 0) {
     const std::string_view text = name;
     if (text.starts_with(widgetNames)) kinds.emplace_back(text.substr(0, text.rfind('.')));
   }

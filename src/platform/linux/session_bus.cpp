@@ -58,11 +58,14 @@ void SessionBus::call(const BusMessage& question, Answered answered) {
   const bool sent = question && bus_ &&
                     sd_bus_call_async(bus_.get(), &slot, question.get(), &Question::take, asked.get(),
                                       static_cast<std::uint64_t>(patience.count())) >= 0;
-  if (!sent) return Question::drop(asked.release());
+  Question* const underWay = asked.release();
+  if (!sent) {
+    Question::drop(underWay);
+    return;
+  }
   sd_bus_slot_set_destroy_callback(slot, &Question::drop);
   sd_bus_slot_set_floating(slot, 1);
   sd_bus_slot_unref(slot);
-  (void)asked.release();
 }
 
 SessionBus::SubscriptionId SessionBus::subscribe(std::string rule, std::function<void()> handler) {

@@ -165,6 +165,7 @@ class SqlitePreferenceStore::Database {
       });
     } catch (const std::system_error&) {
       // No thread can be had now. The log is as good long, and the next commit tries again.
+      shortening_ = {};
     }
   }
 
