@@ -50,7 +50,7 @@ double SystemMonitor::sampleCPUUsage() {
 }
 
 void SystemMonitor::sampleMemoryUtilization(SystemSnapshot& snapshot) {
-  const MemoryReading reading = memory_.read();
+  const MemoryReading reading = memory_.statistics();
   snapshot.memoryUtilizationEstimate = reading.use ? utilization(*reading.use) : 0.0;
   snapshot.swapUsedBytes = reading.swapUsedBytes;
 }
@@ -72,7 +72,7 @@ void SystemMonitor::sampleBattery(SystemSnapshot& snapshot) {
 }
 
 void SystemMonitor::sampleApplications(SystemSnapshot& snapshot) {
-  const auto reading = applications_.read();
+  const auto reading = applications_.running();
   if (!reading) return;
   for (const RunningApplication& application : reading->running) {
     if (application.policy != ActivationPolicy::regular) continue;

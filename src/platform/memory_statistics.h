@@ -33,7 +33,7 @@ struct MemoryReading {
 class MemoryStatistics {
  public:
   virtual ~MemoryStatistics() = default;
-  [[nodiscard]] virtual MemoryReading read() = 0;
+  [[nodiscard]] virtual MemoryReading statistics() = 0;
 };
 
 }  // namespace quibbly

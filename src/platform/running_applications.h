@@ -40,7 +40,7 @@ class RunningApplications {
  public:
   virtual ~RunningApplications() = default;
   /// Absent when there is nobody to ask.
-  [[nodiscard]] virtual std::optional<ApplicationsReading> read() = 0;
+  [[nodiscard]] virtual std::optional<ApplicationsReading> running() = 0;
 };
 
 }  // namespace quibbly

@@ -20,23 +20,15 @@ class Monitor : public ::testing::Test {
   SystemSnapshot capture() { return monitor_.captureSnapshot().get(); }
 
   double loadBetween(const ProcessorTicks& first, const ProcessorTicks& second) {
-    machine_.ticks = first;
+    machine_.processor = first;
     (void)capture();
-    machine_.ticks = second;
+    machine_.processor = second;
     return capture().cpuUsage;
   }
 
   fakes::FakeMachine machine_;
-  fakes::FakeProcessor processor_{machine_};
-  fakes::FakeMemory memory_{machine_};
-  fakes::FakeVolume volume_{machine_};
-  fakes::FakePower power_{machine_};
-  fakes::FakeApplications applications_{machine_};
-  fakes::FakeThermal thermal_{machine_};
-  fakes::FakeUptime uptime_{machine_};
-  fakes::FakeLowPower lowPower_{machine_};
-  SystemMonitor monitor_{machine_.clock, processor_, memory_, volume_,  power_,
-                         applications_,  thermal_,   uptime_, lowPower_};
+  SystemMonitor monitor_{machine_.clock, machine_, machine_, machine_, machine_,
+                         machine_,       machine_, machine_, machine_};
 };
 
 TEST_F(Monitor, asks_each_service_once_in_order_on_a_thread_of_its_own) {
@@ -57,10 +49,9 @@ TEST_F(Monitor, fills_every_field_from_its_service) {
   machine_.memory = {.use = MemoryUse{.activeBytes = 20, .wiredBytes = 10, .compressorBytes = 5, .physicalBytes = 70},
                      .swapUsedBytes = 7};
   machine_.volume = VolumeCapacity{.availableBytes = 11, .totalBytes = 22};
-  machine_.powerSources = {
-      {.type = "UPS", .currentCapacity = 1, .maxCapacity = 100, .state = "AC Power"},
-      {.type = "InternalBattery", .currentCapacity = 45, .maxCapacity = 90, .state = "Battery Power"},
-      {.type = "InternalBattery", .currentCapacity = 2, .maxCapacity = 100}};
+  machine_.power = {{.type = "UPS", .currentCapacity = 1, .maxCapacity = 100, .state = "AC Power"},
+                    {.type = "InternalBattery", .currentCapacity = 45, .maxCapacity = 90, .state = "Battery Power"},
+                    {.type = "InternalBattery", .currentCapacity = 2, .maxCapacity = 100}};
   machine_.applications = ApplicationsReading{
       .running = {{.bundleIdentifier = "org.mozilla.firefox"},
                   {.bundleIdentifier = "org.mozilla.firefox"},
@@ -111,11 +102,11 @@ TEST_F(Monitor, load_is_the_share_of_ticks_that_were_not_idle) {
 }
 
 TEST_F(Monitor, the_first_sample_has_no_load_and_a_failed_tick_read_measures_from_the_last_good_one) {
-  machine_.ticks = ProcessorTicks{100, 0, 100, 0};
+  machine_.processor = ProcessorTicks{100, 0, 100, 0};
   EXPECT_EQ(capture().cpuUsage, 0.0);
-  machine_.ticks.reset();
+  machine_.processor.reset();
   EXPECT_EQ(capture().cpuUsage, 0.0);
-  machine_.ticks = ProcessorTicks{130, 0, 110, 0};
+  machine_.processor = ProcessorTicks{130, 0, 110, 0};
   EXPECT_DOUBLE_EQ(capture().cpuUsage, 0.75);
 }
 
@@ -146,7 +137,7 @@ TEST_F(Monitor, the_battery_is_read_from_whatever_it_tells) {
       {"no type", {.currentCapacity = 45, .isCharging = true}, {}, {}},
   };
   for (const Case& c : cases) {
-    machine_.powerSources = {c.source};
+    machine_.power = {c.source};
     const SystemSnapshot sample = capture();
     EXPECT_EQ(sample.batteryLevel, c.level) << c.what;
     EXPECT_EQ(sample.isCharging, c.charging) << c.what;
@@ -164,7 +155,7 @@ TEST_F(Monitor, a_thermal_number_that_means_nothing_is_nominal) {
 
 TEST_F(Monitor, captures_asked_for_at_once_are_taken_one_after_the_other) {
   constexpr int callers = 8;
-  machine_.ticks = ProcessorTicks{};
+  machine_.processor = ProcessorTicks{};
   std::latch start(callers);
   std::vector<std::jthread> threads;
   for (int i = 0; i < callers; ++i) {

@@ -45,7 +45,7 @@ std::vector<std::filesystem::path> slicesOf(const std::filesystem::path& root, u
 ApplicationScopes::ApplicationScopes(const std::filesystem::path& root, uid_t user, DesktopEntries& entries)
     : slices_(slicesOf(root, user)), entries_(entries) {}
 
-std::optional<ApplicationsReading> ApplicationScopes::read() {
+std::optional<ApplicationsReading> ApplicationScopes::running() {
   std::vector<std::string> units;
   if (!std::ranges::any_of(slices_, [&](const auto& slice) { return collectUnits(slice, units); })) return std::nullopt;
 

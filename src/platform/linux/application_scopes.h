@@ -18,7 +18,7 @@ class ApplicationScopes final : public RunningApplications {
   /// `root` is the root of the file system; `entries` is used on the thread of `read`.
   ApplicationScopes(const std::filesystem::path& root, uid_t user, DesktopEntries& entries);
 
-  [[nodiscard]] std::optional<ApplicationsReading> read() override;
+  [[nodiscard]] std::optional<ApplicationsReading> running() override;
 
  private:
   /// In the order in which they are tried.

@@ -96,7 +96,7 @@ std::uint64_t parseCompressedSwap(std::string_view mmStat) {
 
 MemInfo::MemInfo(std::filesystem::path root) : root_(std::move(root)) {}
 
-MemoryReading MemInfo::read() {
+MemoryReading MemInfo::statistics() {
   const auto text = readFile(root_ / "proc/meminfo");
   if (!text) return {};
   // Without swap no page is compressed into a device, and there is no reason to look for one.

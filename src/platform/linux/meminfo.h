@@ -25,7 +25,7 @@ namespace quibbly::linux_services {
 class MemInfo : public MemoryStatistics {
  public:
   explicit MemInfo(std::filesystem::path root = "/");
-  [[nodiscard]] MemoryReading read() override;
+  [[nodiscard]] MemoryReading statistics() override;
 
  private:
   std::filesystem::path root_;

@@ -6,9 +6,9 @@ namespace quibbly::linux_services {
 
 SessionApplications::SessionApplications(std::vector<Service> services) : services_(std::move(services)) {}
 
-std::optional<ApplicationsReading> SessionApplications::read() {
+std::optional<ApplicationsReading> SessionApplications::running() {
   for (RunningApplications& service : services_) {
-    if (auto reading = service.read()) return reading;
+    if (auto reading = service.running()) return reading;
   }
   return std::nullopt;
 }

@@ -16,7 +16,7 @@ class SessionApplications final : public RunningApplications {
 
   explicit SessionApplications(std::vector<Service> services);
 
-  [[nodiscard]] std::optional<ApplicationsReading> read() override;
+  [[nodiscard]] std::optional<ApplicationsReading> running() override;
 
  private:
   std::vector<Service> services_;

@@ -11,7 +11,7 @@ namespace quibbly::linux_services {
 X11Applications::X11Applications(std::string display, DesktopEntries& entries, std::chrono::milliseconds patience)
     : display_(std::move(display)), entries_(entries), patience_(patience) {}
 
-std::optional<ApplicationsReading> X11Applications::read() {
+std::optional<ApplicationsReading> X11Applications::running() {
   // A forwarded display shows the windows of the machine that somebody sits at, and we speak of the one that we run on.
   if (!isLocalDisplay(display_)) return std::nullopt;
   if (!reading_) reading_.emplace([display = display_] { return readWindows(display); });

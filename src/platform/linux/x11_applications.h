@@ -20,7 +20,7 @@ class X11Applications final : public RunningApplications {
                   std::chrono::milliseconds patience = std::chrono::seconds(2));
 
   /// Absent also while the display hangs.
-  [[nodiscard]] std::optional<ApplicationsReading> read() override;
+  [[nodiscard]] std::optional<ApplicationsReading> running() override;
 
  private:
   std::string display_;

@@ -37,7 +37,7 @@ TEST_F(Scopes, every_unit_of_a_visible_application_counts) {
         "app-graphical.slice/app-graphical-inner.slice/app-org.gnome.Maps@6.service"}) {
     startUnit("sys/fs/cgroup", unit);
   }
-  const auto reading = scopes_.read();
+  const auto reading = scopes_.running();
   ASSERT_TRUE(reading);
   EXPECT_THAT(reading->running, UnorderedElementsAre(regular("org.mozilla.firefox"), regular("org.mozilla.firefox"),
                                                      regular("org.gnome.Maps")));
@@ -47,11 +47,11 @@ TEST_F(Scopes, every_unit_of_a_visible_application_counts) {
 TEST_F(Scopes, the_trees_of_older_control_groups_are_found_and_nobody_else_is_asked_for) {
   install("org.gnome.Maps");
   files_.add("sys/fs/cgroup/user.slice/user-1001.slice/user@1001.service/app.slice/cgroup.procs", "");
-  EXPECT_EQ(scopes_.read(), std::nullopt);
+  EXPECT_EQ(scopes_.running(), std::nullopt);
   startUnit("sys/fs/cgroup/systemd", "app-org.gnome.Maps-1.scope");
-  EXPECT_THAT(scopes_.read()->running, UnorderedElementsAre(regular("org.gnome.Maps")));
+  EXPECT_THAT(scopes_.running()->running, UnorderedElementsAre(regular("org.gnome.Maps")));
   startUnit("sys/fs/cgroup/unified", "session.scope");
-  EXPECT_EQ(scopes_.read(), std::nullopt) << "a desktop that gives its programs no units";
+  EXPECT_EQ(scopes_.running(), std::nullopt) << "a desktop that gives its programs no units";
 }
 
 }  // namespace

@@ -97,7 +97,7 @@ TEST(MemInfoFile, adds_up_the_compressed_swap_devices) {
                   "sda/mm_stat: 1 1 1024000 0\nzram0/mm_stat: 4096 74 12288 0 12288 0 0 0 0\n"
                   "zram1/mm_stat: 9999999 9999 2048 0\nzram2/mm_stat: 1 2\nzram3/mm_stat: 1 2 -3");
   tree.link("sys/block/zram4/mm_stat", "/dev/zero");
-  EXPECT_THAT(MemInfo(tree.root()).read().use, Optional(use(46 * kB, 0, 14 * kB, 100 * kB)));
+  EXPECT_THAT(MemInfo(tree.root()).statistics().use, Optional(use(46 * kB, 0, 14 * kB, 100 * kB)));
 }
 
 TEST(ProcessorAndMemoryFiles, that_are_no_files_give_no_answer_and_no_wait) {
@@ -110,7 +110,7 @@ TEST(ProcessorAndMemoryFiles, that_are_no_files_give_no_answer_and_no_wait) {
   endless.link("proc/meminfo", "/dev/zero");
   for (fakes::FileTree* tree : {&empty, &fifos, &endless}) {
     EXPECT_EQ(ProcStat(tree->root()).ticks(), std::nullopt);
-    EXPECT_EQ(MemInfo(tree->root()).read(), MemoryReading{});
+    EXPECT_EQ(MemInfo(tree->root()).statistics(), MemoryReading{});
   }
 }
 
@@ -123,7 +123,7 @@ TEST(ProcessorAndMemory, of_this_machine_are_plausible) {
   std::string key;
   std::uint64_t total = 0;
   std::ifstream("/proc/meminfo") >> key >> total;
-  const auto use = MemInfo().read().use;
+  const auto use = MemInfo().statistics().use;
   ASSERT_TRUE(use);
   EXPECT_EQ(use->physicalBytes, total * kB);
   const auto used = use->activeBytes + use->wiredBytes + use->compressorBytes;

@@ -61,7 +61,7 @@ class X11 : public testing::Test {
     // The answer to a request shows that all before it has been done.
     atom("_NET_CLIENT_LIST");
     DesktopEntries entries({files_.root()}, {"de"});
-    return X11Applications(server_.display(), entries).read();
+    return X11Applications(server_.display(), entries).running();
   }
 
   fakes::FileTree files_;
@@ -118,10 +118,10 @@ TEST_F(X11, a_display_that_hangs_is_given_up_on_until_it_answers) {
   DesktopEntries entries({}, {});
   X11Applications applications(server_.display(), entries, std::chrono::milliseconds(20));
   server_.hang();
-  for (int i = 0; i < 3; ++i) EXPECT_EQ(applications.read(), std::nullopt);
+  for (int i = 0; i < 3; ++i) EXPECT_EQ(applications.running(), std::nullopt);
   server_.resume();
   std::optional<ApplicationsReading> late;
-  for (int i = 0; i < 1000 && !late; ++i) late = applications.read();
+  for (int i = 0; i < 1000 && !late; ++i) late = applications.running();
   ASSERT_TRUE(late);
   EXPECT_EQ(late->running.size(), 1U);
 }
@@ -131,7 +131,7 @@ TEST(X11Applications, a_display_that_is_missing_or_elsewhere_is_not_asked) {
   for (const auto* name : {"", "localhost:10.0", "example.org:0", "nonsense"})
     EXPECT_FALSE(isLocalDisplay(name)) << name;
   DesktopEntries entries({}, {});
-  EXPECT_EQ(X11Applications(":59999", entries).read(), std::nullopt);
+  EXPECT_EQ(X11Applications(":59999", entries).running(), std::nullopt);
 }
 
 }  // namespace
