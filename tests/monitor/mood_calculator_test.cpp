@@ -38,6 +38,14 @@ struct MoodCase {
   MacMood::Label label;
 };
 
+void expectMood(const MoodCase& c, double tolerance) {
+  S sample = fakes::quietSample();
+  c.change(sample);
+  const MacMood mood = MoodCalculator::score(sample);
+  EXPECT_NEAR(mood.score, c.score, tolerance);
+  EXPECT_EQ(mood.label, c.label) << c.score;
+}
+
 TEST(MoodCalculatorTest, scores_the_weighted_mean_of_what_is_known) {
   const double memory90 = 0.25 * (0.5 + 10.0 / 15.0 * 0.4);
   const MoodCase cases[] = {
@@ -69,11 +77,8 @@ TEST(MoodCalculatorTest, scores_the_weighted_mean_of_what_is_known) {
        requestingNewOwner},
   };
   for (const MoodCase& c : cases) {
-    S sample = fakes::quietSample();
-    c.change(sample);
-    const MacMood mood = MoodCalculator::score(sample);
-    EXPECT_NEAR(mood.score, c.score, 1e-9) << &c - cases;
-    EXPECT_EQ(mood.label, c.label) << &c - cases;
+    SCOPED_TRACE(&c - cases);
+    expectMood(c, 1e-9);
   }
 }
 
@@ -86,12 +91,7 @@ TEST(MoodCalculatorTest, each_bound_belongs_to_the_lower_label) {
       {all({fullMemory, critical, fullDisk, battery(1), days(14), set(&S::runningAppCount, 50)}), 95.0,
        preparingComplaint},
   };
-  for (const MoodCase& c : cases) {
-    S sample = fakes::quietSample();
-    c.change(sample);
-    EXPECT_EQ(MoodCalculator::score(sample).score, c.score);
-    EXPECT_EQ(MoodCalculator::score(sample).label, c.label) << c.score;
-  }
+  for (const MoodCase& c : cases) expectMood(c, 0);
 }
 
 TEST(PieceWiseTest, follows_the_points_whatever_their_order) {

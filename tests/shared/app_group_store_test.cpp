@@ -18,7 +18,7 @@ namespace {
 using ::testing::MatchesRegex;
 using namespace std::chrono_literals;
 
-constexpr auto aUuid = "[0-9A-F]{8}(-[0-9A-F]{4}){3}-[0-9A-F]{12}";
+constexpr auto aUuid = "[0-9A-F]{8}-[0-9A-F]{4}-4[0-9A-F]{3}-[89AB][0-9A-F]{3}-[0-9A-F]{12}";
 const Date noon = std::chrono::sys_days{std::chrono::year{2026} / 11 / 17} + 12h;
 
 LastRoast someRoast() {

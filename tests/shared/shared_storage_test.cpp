@@ -2,7 +2,6 @@
 
 #include <filesystem>
 #include <limits>
-#include <set>
 #include <sys/stat.h>
 
 #include <gmock/gmock.h>
@@ -13,13 +12,11 @@
 #include "fakes/fixed_container.h"
 #include "platform/linux/kernel_random.h"
 #include "platform/linux/posix_file_system.h"
-#include "shared/uuid.h"
 
 namespace quibbly {
 namespace {
 
 using ::testing::ElementsAre;
-using ::testing::MatchesRegex;
 
 const PendingNotify notify{.title = "t",
                            .body = "“b”\n",
@@ -131,16 +128,6 @@ TEST(SharedStorageErrorTest, says_what_failed) {
   EXPECT_EQ(make_error_code(encodingFailed).message(), "Failed to encode shared JSON.");
   EXPECT_EQ(make_error_code(decodingFailed).message(), "Failed to decode shared JSON (missing or corrupt).");
   EXPECT_EQ(make_error_code(writeFailed).message(), "Failed to write shared JSON.");
-}
-
-TEST(UuidTest, is_fresh_and_well_formed) {
-  linux_services::KernelRandom random;
-  std::set<std::string> seen;
-  for (int i = 0; i < 100; ++i) seen.insert(freshUuid(random));
-  EXPECT_EQ(seen.size(), 100U);
-  for (const auto& uuid : seen) {
-    EXPECT_THAT(uuid, MatchesRegex("[0-9A-F]{8}-[0-9A-F]{4}-4[0-9A-F]{3}-[89AB][0-9A-F]{3}-[0-9A-F]{12}"));
-  }
 }
 
 }  // namespace

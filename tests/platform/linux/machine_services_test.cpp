@@ -7,7 +7,6 @@
 #include "gmock/gmock.h"
 
 #include "fakes/file_tree.h"
-#include "platform/linux/boot_clock_uptime.h"
 #include "platform/linux/kernel_random.h"
 #include "platform/linux/platform_profile.h"
 #include "platform/linux/statvfs_home_volume.h"
@@ -91,13 +90,6 @@ TEST(KernelRandom, survives_interruptions_short_answers_and_refusal) {
   EXPECT_NE(refused(), refused());
   KernelRandom real;
   EXPECT_NE(real(), real());
-}
-
-TEST(Uptime, counts_on) {
-  BootClockUptime uptime;
-  const auto first = uptime.sinceBoot();
-  EXPECT_GT(first.count(), 0);
-  EXPECT_GE(uptime.sinceBoot(), first);
 }
 
 }  // namespace
