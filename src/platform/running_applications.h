@@ -4,10 +4,9 @@
 #include <string>
 #include <vector>
 
-namespace quibbly {
+#include "platform/activation_policy.h"
 
-/// `regular` applications show their windows in the taskbar; `accessory` ones have windows but keep out of it.
-enum class ActivationPolicy { regular, accessory };
+namespace quibbly {
 
 struct RunningApplication {
   ActivationPolicy policy = ActivationPolicy::regular;
