@@ -2,7 +2,11 @@
 
 #include <memory>
 
+#include <unicode/locid.h>
+#include <unicode/normalizer2.h>
 #include <unicode/ubrk.h>
+#include <unicode/uchar.h>
+#include <unicode/unistr.h>
 #include <unicode/utext.h>
 
 #include "platform/linux/text_encoding.h"
@@ -16,6 +20,22 @@ struct CloseText {
 struct CloseIterator {
   void operator()(UBreakIterator* iterator) const { ubrk_close(iterator); }
 };
+
+/// The separators of Unicode, the tab, and what ends a line.
+bool isSpaceOrLineEnd(UChar32 character) {
+  constexpr UChar32 nextLine = 0x85;
+  return (U_GET_GC_MASK(character) & U_GC_Z_MASK) != 0 || (character >= '\t' && character <= '\r') ||
+         character == nextLine;
+}
+
+/// None of these characters takes two units of UTF-16.
+icu::UnicodeString trimmed(const icu::UnicodeString& text) {
+  std::int32_t begin = 0;
+  std::int32_t end = text.length();
+  while (begin < end && isSpaceOrLineEnd(text.char32At(begin))) ++begin;
+  while (end > begin && isSpaceOrLineEnd(text.char32At(end - 1))) --end;
+  return text.tempSubStringBetween(begin, end);
+}
 
 }  // namespace
 
@@ -35,6 +55,16 @@ std::string IcuUserText::firstCharacters(std::string_view text, std::size_t coun
   // Without ICU's data there are no boundaries to be had; then the text is not cut.
   if (U_FAILURE(status) != 0 || end == UBRK_DONE) return std::string(text);
   return std::string(text.substr(0, static_cast<std::size_t>(end)));
+}
+
+std::string IcuUserText::comparable(std::string_view text) const {
+  UErrorCode status = U_ZERO_ERROR;
+  icu::UnicodeString folded =
+      trimmed(icu::UnicodeString::fromUTF8({text.data(), static_cast<std::int32_t>(text.size())}));
+  folded.toLower(icu::Locale::getRoot());
+  std::string utf8;
+  icu::Normalizer2::getNFCInstance(status)->normalize(folded, status).toUTF8String(utf8);
+  return utf8;
 }
 
 }  // namespace quibbly::linux_services

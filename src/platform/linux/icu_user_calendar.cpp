@@ -1,0 +1,113 @@
+#include "platform/linux/icu_user_calendar.h"
+
+#include <memory>
+#include <string_view>
+
+#include <unicode/ucal.h>
+#include <unicode/udat.h>
+#include <unicode/udatpg.h>
+#include <unicode/unistr.h>
+
+namespace quibbly::linux_services {
+namespace {
+
+/// Year, abbreviated month, day, and the hour and minute as the locale counts hours.
+constexpr std::u16string_view dateAndTimeParts = u"yMMMdjmm";
+
+struct CloseCalendar {
+  void operator()(UCalendar* calendar) const { ucal_close(calendar); }
+};
+struct CloseFormat {
+  void operator()(UDateFormat* format) const { udat_close(format); }
+};
+struct ClosePatterns {
+  void operator()(UDateTimePatternGenerator* patterns) const { udatpg_close(patterns); }
+};
+using Calendar = std::unique_ptr<UCalendar, CloseCalendar>;
+using Format = std::unique_ptr<UDateFormat, CloseFormat>;
+using Patterns = std::unique_ptr<UDateTimePatternGenerator, ClosePatterns>;
+
+UDate icuDate(UserCalendar::Moment moment) {
+  return std::chrono::duration<double, std::milli>(moment.time_since_epoch()).count();
+}
+
+UserCalendar::Moment momentOf(UDate date) {
+  return UserCalendar::Moment(
+      std::chrono::duration_cast<UserCalendar::Moment::duration>(std::chrono::duration<double, std::milli>(date)));
+}
+
+Calendar calendarAt(UserCalendar::Moment moment, const std::string& locale, const std::string& zone) {
+  UErrorCode status = U_ZERO_ERROR;
+  const icu::UnicodeString zoneName = icu::UnicodeString::fromUTF8(zone);
+  Calendar calendar(ucal_open(zoneName.getBuffer(), zoneName.length(), locale.c_str(), UCAL_DEFAULT, &status));
+  ucal_setMillis(calendar.get(), icuDate(moment), &status);
+  return calendar;
+}
+
+/// What a function of ICU writes into the room that it is given; empty when it fails.
+template <typename Write>
+icu::UnicodeString textFrom(const Write& write) {
+  constexpr int room = 128;
+  UErrorCode status = U_ZERO_ERROR;
+  icu::UnicodeString text;
+  const int length = write(text.getBuffer(room), room, &status);
+  text.releaseBuffer(U_SUCCESS(status) != 0 ? length : 0);
+  return text;
+}
+
+std::string utf8(const icu::UnicodeString& text) {
+  std::string converted;
+  return text.toUTF8String(converted);
+}
+
+int field(const Calendar& calendar, UCalendarDateFields which) {
+  UErrorCode status = U_ZERO_ERROR;
+  return ucal_get(calendar.get(), which, &status);
+}
+
+}  // namespace
+
+std::string dateLocale(const DateLocaleNames& names) {
+  for (const std::string_view name : {names.lcAll, names.lcTime, names.lang}) {
+    if (name.empty()) continue;
+    const std::string_view locale = name.substr(0, name.find_first_of(".@"));
+    return locale == "C" || locale == "POSIX" ? "en_US_POSIX" : std::string(locale);
+  }
+  return "en_US_POSIX";
+}
+
+UserCalendar::Day IcuUserCalendar::day(Moment moment) const {
+  const Calendar calendar = calendarAt(moment, locale_, zone_());
+  return {.year = field(calendar, UCAL_YEAR),
+          .month = field(calendar, UCAL_MONTH) + 1,
+          .day = field(calendar, UCAL_DAY_OF_MONTH)};
+}
+
+UserCalendar::Moment IcuUserCalendar::startOfDay(Moment moment) const {
+  const Calendar calendar = calendarAt(moment, locale_, zone_());
+  // Where the clock is set back over midnight, the day begins the first time.
+  ucal_setAttribute(calendar.get(), UCAL_REPEATED_WALL_TIME, UCAL_WALLTIME_FIRST);
+  for (const UCalendarDateFields part : {UCAL_HOUR_OF_DAY, UCAL_MINUTE, UCAL_SECOND, UCAL_MILLISECOND}) {
+    ucal_set(calendar.get(), part, 0);
+  }
+  UErrorCode status = U_ZERO_ERROR;
+  return momentOf(ucal_getMillis(calendar.get(), &status));
+}
+
+std::string IcuUserCalendar::dateAndTime(Moment moment) const {
+  const icu::UnicodeString zone = icu::UnicodeString::fromUTF8(zone_());
+  const icu::UnicodeString pattern = textFrom([this](char16_t* text, int room, UErrorCode* status) {
+    const Patterns patterns(udatpg_open(locale_.c_str(), status));
+    return udatpg_getBestPattern(patterns.get(), dateAndTimeParts.data(), static_cast<int>(dateAndTimeParts.size()),
+                                 text, room, status);
+  });
+  return utf8(textFrom([&](char16_t* text, int room, UErrorCode* status) {
+    const Format format(udat_open(UDAT_PATTERN, UDAT_PATTERN, locale_.c_str(), zone.getBuffer(), zone.length(),
+                                  pattern.getBuffer(), pattern.length(), status));
+    return udat_format(format.get(), icuDate(moment), text, room, nullptr, status);
+  }));
+}
+
+std::string IcuUserCalendar::hostZone() { return utf8(textFrom(ucal_getHostTimeZone)); }
+
+}  // namespace quibbly::linux_services
