@@ -21,6 +21,10 @@ SystemMonitor::SystemMonitor(const WallClock& clock, ProcessorStatistics& proces
       uptime_(uptime),
       lowPower_(lowPower) {}
 
+void SystemMonitor::captureSnapshot(Answer answer) {
+  queue_.post([this, answer = std::move(answer)] { answer(capture()); });
+}
+
 std::future<SystemSnapshot> SystemMonitor::captureSnapshot() {
   std::packaged_task<SystemSnapshot()> task([this] { return capture(); });
   std::future<SystemSnapshot> snapshot = task.get_future();

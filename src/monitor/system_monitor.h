@@ -3,6 +3,7 @@
 #include <future>
 #include <optional>
 
+#include "monitor/snapshot_source.h"
 #include "platform/home_volume.h"
 #include "platform/low_power_mode.h"
 #include "platform/memory_statistics.h"
@@ -19,15 +20,16 @@ namespace quibbly {
 
 /// Takes samples of the machine, one at a time, on a thread of its own. It is the only caller of the services it is
 /// handed, and calls them on that thread only.
-class SystemMonitor {
+class SystemMonitor final : public SnapshotSource {
  public:
   SystemMonitor(const WallClock& clock, ProcessorStatistics& processor, MemoryStatistics& memory, HomeVolume& home,
                 PowerSources& power, RunningApplications& applications, ThermalPressure& thermal, Uptime& uptime,
                 LowPowerMode& lowPower);
 
-  /// One sample, taken after those asked for before it. It never fails: what a service does not tell is 0 or absent. The
-  /// first sample's `cpuUsage` is 0, later ones measure since the last tick reading that worked. A sample
-  /// still waiting when the monitor goes leaves a broken promise. Any thread.
+  /// What a service does not tell is 0 or absent. The first sample's `cpuUsage` is 0, later ones measure since the last
+  /// tick reading that worked.
+  void captureSnapshot(Answer answer) override;
+  /// The same for a thread that may wait. A sample that is never taken leaves a broken promise.
   [[nodiscard]] std::future<SystemSnapshot> captureSnapshot();
 
  private:
