@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "records/units.h"
+#include "shared/container_files.h"
 #include "shared/epoch_seconds.h"
 #include "shared/uuid.h"
 #include "shared/widget_generation.h"
@@ -14,8 +15,6 @@
 namespace quibbly {
 namespace {
 
-constexpr std::string_view lastRoastFile = "lastRoast.json";
-constexpr std::string_view widgetSnapshotFile = "widgetSnapshot.json";
 constexpr std::string_view widgetGenerationFile = "widgetGeneration.json";
 constexpr std::string_view currentRoastFile = "currentRoast.txt";
 constexpr std::string_view lastRoastKey = "lastRoastData";
@@ -81,16 +80,16 @@ std::optional<std::int64_t> daysOf(std::optional<double> uptimeSeconds) {
 
 void AppGroupStore::publish(const LastRoast& roast, const WidgetSnapshot& snapshot) {
   if (!preferences_.open()) {
-    ignoring(storage_.write(roast, lastRoastFile));
-    ignoring(storage_.write(snapshot, widgetSnapshotFile));
+    ignoring(storage_.write(roast, container_files::lastRoast));
+    ignoring(storage_.write(snapshot, container_files::widgetSnapshot));
     return;
   }
   const std::string token = freshUuid(random_);
   ignoring(preferences_.apply(changesFor(roast, snapshot, token, clock_.now())));
   preferences_.synchronize();
   ignoring(storage_.writeText(token + "\n" + rawText(roast.mood.label) + "\n" + roast.text, currentRoastFile));
-  ignoring(storage_.write(roast, lastRoastFile));
-  ignoring(storage_.write(snapshot, widgetSnapshotFile));
+  ignoring(storage_.write(roast, container_files::lastRoast));
+  ignoring(storage_.write(snapshot, container_files::widgetSnapshot));
   constexpr std::size_t previewLength = 80;
   const WidgetGeneration generation{.token = freshUuid(random_),
                                     .updatedAt = clock_.now(),
@@ -98,10 +97,21 @@ void AppGroupStore::publish(const LastRoast& roast, const WidgetSnapshot& snapsh
   ignoring(storage_.write(generation, widgetGenerationFile));
 }
 
-std::optional<LastRoast> AppGroupStore::lastRoast() { return published<LastRoast>(lastRoastKey, lastRoastFile); }
+void AppGroupStore::publishSnapshot(const WidgetSnapshot& snapshot, PreferenceStore& otherwise) {
+  ignoring(storage_.write(snapshot, container_files::widgetSnapshot));
+  const auto text = encodeRecord(snapshot);
+  if (!text) return;
+  PreferenceStore& preferences = preferences_.open() ? preferences_ : otherwise;
+  ignoring(preferences.set(std::string(widgetSnapshotKey), bytesOf(*text)));
+  preferences.synchronize();
+}
+
+std::optional<LastRoast> AppGroupStore::lastRoast() {
+  return published<LastRoast>(lastRoastKey, container_files::lastRoast);
+}
 
 std::optional<WidgetSnapshot> AppGroupStore::widgetSnapshot() {
-  return published<WidgetSnapshot>(widgetSnapshotKey, widgetSnapshotFile);
+  return published<WidgetSnapshot>(widgetSnapshotKey, container_files::widgetSnapshot);
 }
 
 template <typename Record>
@@ -157,7 +167,7 @@ std::optional<AppGroupStore::WidgetPayload> AppGroupStore::payloadFromText() con
 }
 
 std::optional<AppGroupStore::WidgetPayload> AppGroupStore::payloadFromFiles() const {
-  const auto roast = storage_.read<LastRoast>(lastRoastFile);
+  const auto roast = storage_.read<LastRoast>(container_files::lastRoast);
   // Nobody publishes an empty roast, and a widget has nothing to show for it.
   if (!roast || roast->text.empty()) return std::nullopt;
   WidgetPayload payload;
@@ -165,7 +175,7 @@ std::optional<AppGroupStore::WidgetPayload> AppGroupStore::payloadFromFiles() co
   payload.category = roast->category;
   payload.mood = rawText(roast->mood.label);
   payload.createdAt = roast->createdAt;
-  if (const auto snapshot = storage_.read<WidgetSnapshot>(widgetSnapshotFile)) {
+  if (const auto snapshot = storage_.read<WidgetSnapshot>(container_files::widgetSnapshot)) {
     payload.ram = snapshot->memoryUtilizationEstimate;
     payload.apps = snapshot->runningAppCount;
     payload.uptimeDays = daysOf(snapshot->uptimeSeconds);

@@ -50,6 +50,9 @@ class AppGroupStore {
   /// A reader that looks meanwhile may see the new preferences with the old files, or the reverse; each is whole.
   void publish(const LastRoast& roast, const WidgetSnapshot& snapshot);
 
+  /// Publishes figures before there is any roast. Without the group's preferences they go into the other ones.
+  void publishSnapshot(const WidgetSnapshot& snapshot, PreferenceStore& otherwise);
+
   /// What was published last; absent when nothing usable was.
   [[nodiscard]] std::optional<LastRoast> lastRoast();
   [[nodiscard]] std::optional<WidgetSnapshot> widgetSnapshot();

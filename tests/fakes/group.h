@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 #include <utility>
 
 #include "fakes/fixed_container.h"
@@ -16,7 +17,7 @@ namespace quibbly::fakes {
 template <typename Clock, typename Preferences>
 struct Group {
   template <typename... OfPreferences>
-  explicit Group(std::filesystem::path containerURL, OfPreferences&&... arguments)
+  explicit Group(std::optional<std::filesystem::path> containerURL, OfPreferences&&... arguments)
       : container(std::move(containerURL)), preferences(std::forward<OfPreferences>(arguments)...) {}
 
   Clock clock;

@@ -1,0 +1,42 @@
+#include "notify/desktop_banner.h"
+
+#include <utility>
+
+namespace quibbly {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr int width = 400;
+constexpr int height = 110;
+constexpr int belowTheTop = 10;
+constexpr auto fade = 250ms;
+
+BannerFrame frameWithin(const BannerFrame& visible) {
+  return {.x = visible.x + (visible.width - width) / 2, .y = visible.y + belowTheTop, .width = width, .height = height};
+}
+
+}  // namespace
+
+DesktopBanner::~DesktopBanner() {
+  if (hideWork_) queue_.cancel(*hideWork_);
+}
+
+void DesktopBanner::show(std::string title, std::string body, std::chrono::milliseconds duration) {
+  if (hideWork_) queue_.cancel(*hideWork_);
+  if (const auto old = std::exchange(panel_, nullptr)) old->orderOut();
+  const std::shared_ptr<BannerPanel> panel = screen_.makePanel({.title = std::move(title), .message = std::move(body)});
+  if (const auto visible = screen_.visibleFrame()) panel->setFrame(frameWithin(*visible));
+  panel->orderFront();
+  panel_ = panel;
+  hideWork_ = queue_.runAt(queue_.now() + duration, [this, panel] { dismiss(panel); });
+}
+
+void DesktopBanner::dismiss(const std::shared_ptr<BannerPanel>& panel) {
+  panel->fadeOut(fade, [this, panel] {
+    panel->orderOut();
+    if (panel_ == panel) panel_ = nullptr;
+  });
+}
+
+}  // namespace quibbly

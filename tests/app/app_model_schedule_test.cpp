@@ -1,0 +1,97 @@
+#include "app_test.h"
+
+namespace quibbly {
+namespace {
+
+using namespace std::chrono_literals;
+
+class Schedule : public AppTest {
+ protected:
+  Schedule() {
+    home_.group.store.publish(LastRoast{.text = "Published."}, {});
+    home_.launchApp().start();
+    advance(reloads);
+  }
+  void choose(RandomRoastInterval interval) {
+    model().randomRoastInterval = interval;
+    model().restartRandomRoastLoop();
+    run();
+  }
+};
+
+TEST_F(Schedule, the_first_roast_comes_one_whole_period_after_a_restart) {
+  using enum RandomRoastInterval;
+  const std::pair<RandomRoastInterval, std::chrono::seconds> periods[] = {
+      {oneMinute, 60s}, {fiveMinutes, 300s}, {fifteenMinutes, 900s}, {thirtyMinutes, 1800s}, {sixtyMinutes, 3600s}};
+  std::size_t made = 0;
+  model().setDailyRoastLimit(256);
+  for (const auto& [interval, period] : periods) {
+    choose(interval);
+    advance(period - 1ns);
+    EXPECT_EQ(roastsMade(), made) << period.count();
+    advance(1ns);
+    EXPECT_EQ(roastsMade(), ++made) << period.count();
+    advance(reloads);
+  }
+}
+
+TEST_F(Schedule, announces_until_the_limit_and_goes_on_saying_so) {
+  choose(RandomRoastInterval::fiveMinutes);
+  for (const char* expected : {"Desktop toast + notification (1/3 today).", "Desktop toast + notification (2/3 today).",
+                               "Desktop toast + notification (3/3 today).", "Daily roast limit reached (3/3)."}) {
+    advance(5min + reloads);
+    EXPECT_EQ(status(), expected);
+  }
+  model().setDailyRoastLimit(0);
+  advance(5min + reloads);
+  EXPECT_EQ(status(), "Daily roast limit is 0.");
+  EXPECT_EQ(roastsMade(), 3U);
+}
+
+TEST_F(Schedule, a_pause_of_an_hour_is_told_once_a_minute_and_then_over) {
+  choose(RandomRoastInterval::oneMinute);
+  model().pauseRoasts(3600);
+  int told = 0;
+  for (int minute = 1; minute <= 60; ++minute) {
+    model().statusMessage = std::nullopt;
+    advance(1min);
+    told += status().starts_with("Paused until ") ? 1 : 0;
+  }
+  EXPECT_EQ(told, 59) << "the sixtieth tick is the first after the pause";
+  EXPECT_EQ(roastsMade(), 1U);
+}
+
+TEST_F(Schedule, restarting_begins_the_period_anew_and_off_ends_it) {
+  choose(RandomRoastInterval::oneMinute);
+  for (int i = 0; i < 5; ++i) {
+    advance(50s);
+    model().restartRandomRoastLoop();
+  }
+  EXPECT_EQ(roastsMade(), 0U);
+  choose(RandomRoastInterval::off);
+  advance(1h);
+  EXPECT_EQ(roastsMade(), 0U);
+}
+
+TEST_F(Schedule, one_roast_after_a_long_sleep_of_the_machine) {
+  choose(RandomRoastInterval::oneMinute);
+  home_.queue.jump(8h);
+  EXPECT_EQ(roastsMade(), 1U);
+  advance(59s);
+  EXPECT_EQ(roastsMade(), 1U);
+}
+
+TEST_F(Schedule, a_roast_that_is_cancelled_in_the_midst_of_its_reloads_is_announced_at_once) {
+  choose(RandomRoastInterval::oneMinute);
+  advance(61s);
+  EXPECT_TRUE(announced().empty());
+  choose(RandomRoastInterval::off);
+  run();
+  EXPECT_EQ(announced().size(), 1U);
+  model().roastMeNow(false, false);
+  run();
+  EXPECT_EQ(roastsMade(), 2U) << "the guard is released";
+}
+
+}  // namespace
+}  // namespace quibbly

@@ -1,0 +1,102 @@
+#include "app_test.h"
+
+namespace quibbly {
+namespace {
+
+using namespace std::chrono_literals;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+class WidgetRequests : public AppTest {
+ protected:
+  WidgetRequests() {
+    home_.group.store.publish(LastRoast{.text = "Published."}, {});
+    home_.launchApp().start();
+    advance(reloads);
+    model().lastRoast = std::nullopt;
+  }
+  std::string requestOutcome() {
+    leaveRequest();
+    advance(400ms + reloads);
+    EXPECT_FALSE(home_.group.storage.readText("roastRequest.json"));
+    return status();
+  }
+  std::string notifyOutcome(const std::string& body) {
+    leaveNotification(body);
+    advance(400ms + reloads);
+    EXPECT_FALSE(home_.group.storage.readText("pendingNotify.json"));
+    return status();
+  }
+};
+
+TEST_F(WidgetRequests, a_request_makes_a_roast_within_the_limits_and_is_gone_in_any_case) {
+  EXPECT_EQ(requestOutcome(), "Desktop toast + notification (1/3 today).");
+  model().setDailyRoastLimit(1);
+  EXPECT_EQ(requestOutcome(), "Daily roast limit reached (1/1).");
+  model().setDailyRoastLimit(0);
+  EXPECT_EQ(requestOutcome(), "Daily roast limit is 0.");
+  model().pauseRoasts(3600);
+  model().statusMessage = std::nullopt;
+  EXPECT_EQ(requestOutcome(), "Paused until 17 Nov 2026, 11:00");
+  EXPECT_EQ(roastsMade(), 1U);
+}
+
+TEST_F(WidgetRequests, the_notification_between_processes_is_answered_at_once) {
+  advance(100ms);
+  leaveRequest();
+  home_.crossProcess.post(RoastRequestQueue::darwinName);
+  run();
+  EXPECT_EQ(roastsMade(), 1U);
+}
+
+TEST_F(WidgetRequests, a_pending_notification_is_posted_whatever_the_count) {
+  EXPECT_EQ(notifyOutcome("one"), "Desktop toast + notification (1/3 today).");
+  EXPECT_EQ((*model().lastRoast)->text, "Published.");
+  model().setDailyRoastLimit(1);
+  EXPECT_EQ(notifyOutcome("two"), "Desktop toast + notification (1/1 today).");
+  model().setDailyRoastLimit(0);
+  EXPECT_EQ(notifyOutcome("three"), "Desktop toast + notification (1/0 today).");
+  EXPECT_THAT(announced(), ElementsAre("one", "two", "three"));
+  EXPECT_EQ(home_.center.delivered[0].title, "Title");
+  EXPECT_EQ(notifyOutcome(" THREE"), "Widget roast updated (duplicate system notification skipped).");
+  home_.center.now.authorizationStatus = AuthorizationStatus::denied;
+  EXPECT_EQ(notifyOutcome("four"), "Notifications denied. System Settings → Notifications → quibbly.");
+}
+
+TEST_F(WidgetRequests, the_status_names_the_roast_until_it_is_posted) {
+  home_.desktop.active = true;
+  leaveNotification("Your RAM.");
+  advance(400ms);
+  EXPECT_EQ(status(), "Widget roast: Your RAM.");
+  advance(350ms);
+  EXPECT_EQ(status(), "Desktop toast + notification (1/3 today).");
+}
+
+TEST_F(WidgetRequests, a_pending_notification_while_paused_only_brings_the_roast_up_to_date) {
+  model().pauseRoasts(3600);
+  model().statusMessage = std::nullopt;
+  EXPECT_EQ(notifyOutcome("one"), "Paused until 17 Nov 2026, 11:00");
+  EXPECT_EQ((*model().lastRoast)->text, "Published.");
+  EXPECT_THAT(announced(), IsEmpty());
+  EXPECT_EQ(*model().roastsSentToday, 0);
+}
+
+TEST_F(WidgetRequests, a_request_comes_before_a_notification_in_the_same_pass) {
+  leaveRequest();
+  // Without the notification between processes, which has the request dealt with apart from the pass.
+  const PendingNotify pending{.title = "Title", .body = "pending", .category = "ram", .createdAt = {}};
+  ASSERT_FALSE(home_.group.storage.write(pending, "pendingNotify.json"));
+  advance(20s);
+  ASSERT_EQ(announced().size(), 2U);
+  EXPECT_EQ(announced().back(), "pending");
+}
+
+TEST_F(WidgetRequests, an_entry_that_cannot_be_read_stays_until_it_can) {
+  ASSERT_FALSE(home_.group.storage.writeText("{", "roastRequest.json"));
+  advance(10s);
+  EXPECT_EQ(home_.group.storage.readText("roastRequest.json"), "{");
+  EXPECT_EQ(requestOutcome(), "Desktop toast + notification (1/3 today).");
+}
+
+}  // namespace
+}  // namespace quibbly

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <chrono>
+#include <string>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "app/app_model_bridge.h"
+#include "app/preference_keys.h"
+#include "fakes/application_home.h"
+#include "fakes/file_tree.h"
+
+namespace quibbly {
+
+/// A test of the application: its model on a moved clock at 10:00 in London, with notifications allowed.
+class AppTest : public ::testing::Test {
+ protected:
+  explicit AppTest(bool withContainer = true)
+      : home_(withContainer ? std::optional(tree_.root() / "group") : std::nullopt) {}
+
+  AppModel& model() { return *home_.app->appModel; }
+  std::string status() { return model().statusMessage->value_or("no status"); }
+  void advance(ContinuousClock::duration duration) { home_.queue.advance(duration); }
+  void run() { home_.queue.run(); }
+  template <typename Value>
+  void store(const char* key, Value value) {
+    ASSERT_FALSE(home_.preferences.set(key, PreferenceValue(std::move(value))));
+  }
+  std::int64_t storedInteger(const char* key) { return home_.preferences.get<std::int64_t>(key).value_or(-1); }
+  /// How many roasts were made: the history has the last twelve.
+  std::size_t roastsMade() { return home_.recentRoasts.history().texts.size(); }
+  void leaveRequest() {
+    ASSERT_FALSE(home_.group.storage.write(RoastRequest{.createdAt = home_.group.clock.now(), .source = "widget"},
+                                           "roastRequest.json"));
+  }
+  void leaveNotification(const std::string& body) { home_.pending.enqueue("Title", body, "ram"); }
+  std::vector<std::string> announced() {
+    std::vector<std::string> bodies;
+    for (const NotificationRequest& request : home_.center.delivered) bodies.push_back(request.body);
+    return bodies;
+  }
+
+  /// As long as the reloads take that come before a notification.
+  static constexpr std::chrono::milliseconds reloads{5600};
+
+  fakes::FileTree tree_;
+  fakes::ApplicationHome home_;
+};
+
+}  // namespace quibbly
