@@ -1,10 +1,13 @@
 #pragma once
 
 #include <algorithm>
+#include <chrono>
 #include <deque>
+#include <functional>
 #include <map>
 #include <mutex>
 #include <poll.h>
+#include <thread>
 #include <utility>
 
 #include "platform/main_queue.h"
@@ -33,6 +36,17 @@ class ManualQueue : public MainQueue {
   void run() {
     while (runPosted() || runDue() || runReadable()) {
     }
+  }
+
+  /// Runs, in real time, until something holds that another process or thread brings about; false when it never does.
+  bool until(const std::function<bool()>& holds) {
+    for (const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(30);
+         std::chrono::steady_clock::now() < end;) {
+      run();
+      if (holds()) return true;
+      std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
+    return false;
   }
 
   /// Moves the clock from deadline to deadline up to the duration's end, running what comes due on the way.

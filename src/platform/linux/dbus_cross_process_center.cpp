@@ -18,7 +18,7 @@ struct SignalName {
 }  // namespace
 
 DBusCrossProcessCenter::~DBusCrossProcessCenter() {
-  for (const Observer& o : observers_) bus_.unsubscribe(o.subscription);
+  for (const Observer& o : observers_) bus_.detach(o.subscription);
 }
 
 void DBusCrossProcessCenter::post(std::string_view name) {
@@ -37,7 +37,7 @@ void DBusCrossProcessCenter::addObserver(void* observer, Callback callback, std:
 void DBusCrossProcessCenter::removeObserver(void* observer, std::string_view name) {
   std::erase_if(observers_, [&](const Observer& o) {
     const bool isMeant = o.observer == observer && o.name == name;
-    if (isMeant) bus_.unsubscribe(o.subscription);
+    if (isMeant) bus_.detach(o.subscription);
     return isMeant;
   });
 }

@@ -24,7 +24,7 @@ class DBusCrossProcessCenter final : public CrossProcessCenter {
   struct Observer {
     void* observer;
     std::string name;
-    SessionBus::SubscriptionId subscription;
+    SessionBus::AttachmentId subscription;
   };
 
   SessionBus& bus_;

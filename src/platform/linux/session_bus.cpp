@@ -28,6 +28,8 @@ struct Question {
   }
 };
 
+using Handler = std::function<void()>;
+
 }  // namespace
 
 SessionBus::SessionBus(MainQueue& queue, std::string address) : queue_(queue), address_(std::move(address)) {}
@@ -68,31 +70,37 @@ void SessionBus::call(const BusMessage& question, Answered answered) {
   sd_bus_slot_unref(slot);
 }
 
-SessionBus::SubscriptionId SessionBus::subscribe(std::string rule, std::function<void()> handler) {
-  const auto id = nextSubscription_;
-  nextSubscription_ = SubscriptionId{std::to_underlying(id) + 1};
-  Subscription& added =
-      subscriptions_.emplace(id, Subscription{.rule = std::move(rule), .handler = std::move(handler), .slot = nullptr})
-          .first->second;
-  // A connection that is made only now listens for all of them.
-  if (connection() != nullptr && !added.slot) listen(added);
+SessionBus::AttachmentId SessionBus::attach(Attach attach) {
+  const auto id = nextAttachment_;
+  nextAttachment_ = AttachmentId{std::to_underlying(id) + 1};
+  Attachment& added = attachments_.emplace(id, Attachment{.attach = std::move(attach), .slot = nullptr}).first->second;
+  // To a connection that is made only now all of them are attached.
+  if (connection() != nullptr && !added.isAttached) attachTo(added);
   return id;
 }
 
-void SessionBus::unsubscribe(SubscriptionId subscription) {
-  subscriptions_.erase(subscription);
+void SessionBus::detach(AttachmentId attachment) {
+  attachments_.erase(attachment);
   if (bus_) turnLater();
 }
 
-void SessionBus::listen(Subscription& subscription) {
+SessionBus::AttachmentId SessionBus::subscribe(std::string rule, std::function<void()> handler) {
   const auto call = [](sd_bus_message*, void* self, sd_bus_error*) {
-    const auto handler = static_cast<Subscription*>(self)->handler;  // it may unsubscribe itself
-    handler();
+    const Handler kept = *static_cast<Handler*>(self);  // it may detach itself
+    kept();
     return 0;
   };
-  sd_bus_slot* slot = nullptr;
-  (void)sd_bus_add_match_async(bus_.get(), &slot, subscription.rule.c_str(), call, nullptr, &subscription);
-  subscription.slot.reset(slot);
+  const auto kept = std::make_shared<Handler>(std::move(handler));
+  return attach([rule = std::move(rule), kept, call](sd_bus* bus) {
+    sd_bus_slot* slot = nullptr;
+    (void)sd_bus_add_match_async(bus, &slot, rule.c_str(), call, nullptr, kept.get());
+    return slot;
+  });
+}
+
+void SessionBus::attachTo(Attachment& attachment) {
+  attachment.isAttached = true;
+  attachment.slot.reset(attachment.attach(bus_.get()));
 }
 
 /// The connection, which is served after the present turn, whatever is done with it; null without a bus.
@@ -115,7 +123,7 @@ bool SessionBus::open() {
   connectLimit_ = queue_.runAt(queue_.now() + patience, [this] {
     if (sd_bus_is_ready(bus_.get()) <= 0) close();
   });
-  for (auto& [id, subscription] : subscriptions_) listen(subscription);
+  for (auto& [id, attachment] : attachments_) attachTo(attachment);
   return true;
 }
 
@@ -123,7 +131,10 @@ void SessionBus::close() {
   if (!bus_) return;
   queue_.cancel(connectLimit_);
   queue_.unwatch(sd_event_get_fd(events_.get()));
-  for (auto& [id, subscription] : subscriptions_) subscription.slot.reset();
+  for (auto& [id, attachment] : attachments_) {
+    attachment.slot.reset();
+    attachment.isAttached = false;
+  }
   bus_.reset();
   events_.reset();
 }

@@ -20,7 +20,9 @@ class SessionBus {
  public:
   /// An answer that came, to be read inside the call; null when none came in time or it was an error.
   using Answered = std::function<void(sd_bus_message* answer)>;
-  enum class SubscriptionId : std::uint64_t {};
+  /// Sets up something that lasts as long as the connection; gives the slot that it hangs on, or null for none.
+  using Attach = std::function<sd_bus_slot*(sd_bus* bus)>;
+  enum class AttachmentId : std::uint64_t {};
 
   /// An empty address means that of the session.
   explicit SessionBus(MainQueue& queue, std::string address = "");
@@ -37,22 +39,24 @@ class SessionBus {
   /// Sends a question, and calls back once, on a later turn of the queue: within four seconds, with an answer or with null.
   void call(const BusMessage& question, Answered answered);
 
-  /// Calls the handler for each message that fits the match rule, until it is unsubscribed; on a connection that was made
-  /// anew too.
-  SubscriptionId subscribe(std::string rule, std::function<void()> handler);
-  void unsubscribe(SubscriptionId subscription);
+  /// Attaches to the connection, if there is or can be one, and to each that is made anew, until it is detached.
+  AttachmentId attach(Attach attach);
+  void detach(AttachmentId attachment);
+
+  /// Attaches a handler that is called for each message that fits the match rule.
+  AttachmentId subscribe(std::string rule, std::function<void()> handler);
 
  private:
-  struct Subscription {
-    std::string rule;
-    std::function<void()> handler;
+  struct Attachment {
+    Attach attach;
     BusSlot slot;
+    bool isAttached = false;
   };
 
   sd_bus* connection();
   bool open();
   void close();
-  void listen(Subscription& subscription);
+  void attachTo(Attachment& attachment);
   void turnLater();
   void turn();
 
@@ -60,8 +64,8 @@ class SessionBus {
   std::string address_;
   BusEvents events_;
   Bus bus_;
-  std::map<SubscriptionId, Subscription> subscriptions_;
-  SubscriptionId nextSubscription_{};
+  std::map<AttachmentId, Attachment> attachments_;
+  AttachmentId nextAttachment_{};
   MainQueue::TimerId connectLimit_{};
   bool turnIsPosted_ = false;
   std::shared_ptr<void> alive_ = std::make_shared<char>();  // gone, posted work has nothing to do

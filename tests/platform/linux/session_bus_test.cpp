@@ -1,7 +1,6 @@
 // The services on the session bus, on a real bus with other programs on it, and where there is none.
 
 #include <chrono>
-#include <thread>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -27,20 +26,11 @@ class OnTheBus : public ::testing::Test {
  protected:
   void SetUp() override { ASSERT_TRUE(daemon_.running()) << "dbus-daemon is needed"; }
 
-  /// Lets the queue run, in real time, until something holds.
-  bool until(const std::function<bool()>& holds) {
-    for (const auto end = std::chrono::steady_clock::now() + 30s; std::chrono::steady_clock::now() < end;) {
-      queue_.run();
-      if (holds()) return true;
-      std::this_thread::sleep_for(1ms);
-    }
-    return false;
-  }
   Answers askForConfigurations() {
     Answers answers;
     widgets_.currentConfigurations([&](const auto& answer) { answers.push_back(answer); });
     EXPECT_THAT(answers, IsEmpty()) << "answered inside the call";
-    EXPECT_TRUE(until([&] { return !answers.empty(); }));
+    EXPECT_TRUE(queue_.until([&] { return !answers.empty(); }));
     return answers;
   }
   static void count(void* calls) { ++*static_cast<int*>(calls); }
@@ -67,7 +57,7 @@ TEST_F(OnTheBus, widgets_hear_of_reloads_in_order_and_the_application_of_request
   widgets_.reloadTimelines("org.quibbly.Quibbly.RoastWidget.v6");
   widgets_.reloadAllTimelines();
   center_.post(roastRequest);
-  EXPECT_TRUE(until([&] {
+  EXPECT_TRUE(queue_.until([&] {
     while (sd_bus_process(widget.get(), nullptr) > 0) {
     }
     return heard.size() == 3;
@@ -99,19 +89,19 @@ TEST_F(OnTheBus, observers_hear_their_name_until_they_are_removed_also_on_a_bus_
   center_.addObserver(&others, &count, "org.quibbly.Quibbly.somethingElse");
   center_.post(roastRequest);
   EXPECT_EQ(calls, 0);
-  EXPECT_TRUE(until([&] { return calls == 1; }));
+  EXPECT_TRUE(queue_.until([&] { return calls == 1; }));
 
   daemon_.kill();
   EXPECT_EQ(askForConfigurations(), Answers{std::nullopt});
   EXPECT_EQ(askForConfigurations(), Answers{std::nullopt});
   daemon_.start();
   center_.post(roastRequest);
-  EXPECT_TRUE(until([&] { return calls == 2; }));
+  EXPECT_TRUE(queue_.until([&] { return calls == 2; }));
 
   center_.removeObserver(&calls, roastRequest);
   center_.post(roastRequest);
   center_.post("org.quibbly.Quibbly.somethingElse");
-  EXPECT_TRUE(until([&] { return others == 1; }));
+  EXPECT_TRUE(queue_.until([&] { return others == 1; }));
   EXPECT_EQ(calls, 2);
 }
 
