@@ -79,13 +79,13 @@ std::optional<std::int64_t> daysOf(std::optional<double> uptimeSeconds) {
 }  // namespace
 
 void AppGroupStore::publish(const LastRoast& roast, const WidgetSnapshot& snapshot) {
-  if (!preferences_.open()) {
+  const std::string token = freshUuid(random_);
+  // A store that takes nothing is as good as none: the text file would carry a token that the store does not know.
+  if (!preferences_.open() || preferences_.apply(changesFor(roast, snapshot, token, clock_.now()))) {
     ignoring(storage_.write(roast, container_files::lastRoast));
     ignoring(storage_.write(snapshot, container_files::widgetSnapshot));
     return;
   }
-  const std::string token = freshUuid(random_);
-  ignoring(preferences_.apply(changesFor(roast, snapshot, token, clock_.now())));
   preferences_.synchronize();
   ignoring(storage_.writeText(token + "\n" + rawText(roast.mood.label) + "\n" + roast.text, currentRoastFile));
   ignoring(storage_.write(roast, container_files::lastRoast));

@@ -17,6 +17,10 @@ std::optional<unsigned> digits(std::string_view text, std::size_t at, std::size_
   return number;
 }
 
+/// What a date can hold, from 1677 to 2262: beyond that there is no moment to tell.
+constexpr auto earliest = std::chrono::ceil<std::chrono::seconds>(Date::min());
+constexpr auto latest = std::chrono::floor<std::chrono::seconds>(Date::max());
+
 }  // namespace
 
 std::string iso8601Text(Date date) {
@@ -49,8 +53,10 @@ std::optional<Date> dateFromIso8601(std::string_view text) {
   const std::chrono::year_month_day date(std::chrono::year(static_cast<int>(*year)), std::chrono::month(*month),
                                          std::chrono::day(*day));
   if (!date.ok() || *hour > 23 || *minute > 59 || *second > 59) return std::nullopt;
-  return std::chrono::sys_days(date) + std::chrono::hours(*hour) + std::chrono::minutes(*minute) +
-         std::chrono::seconds(*second);
+  const std::chrono::sys_seconds moment = std::chrono::sys_days(date) + std::chrono::hours(*hour) +
+                                          std::chrono::minutes(*minute) + std::chrono::seconds(*second);
+  if (moment < earliest || moment > latest) return std::nullopt;
+  return moment;
 }
 
 }  // namespace quibbly

@@ -19,6 +19,8 @@ std::expected<std::string, JsonError> jsonText(const nlohmann::json& json) {
 }
 
 std::optional<nlohmann::json> jsonFromText(std::string_view text) {
+  // The parser would take it for the end, whatever follows.
+  if (text.contains('\0')) return std::nullopt;
   auto json = nlohmann::json::parse(text, nullptr, /*allow_exceptions=*/false);
   if (json.is_discarded()) return std::nullopt;
   return json;

@@ -9,7 +9,9 @@ namespace quibbly {
 namespace {
 
 void callHandler(void* observer) {
-  if (observer) static_cast<HandlerBox*>(observer)->handler();
+  if (!observer) return;
+  const HandlerBox kept = *static_cast<HandlerBox*>(observer);  // it may stop observing
+  kept.handler();
 }
 
 }  // namespace

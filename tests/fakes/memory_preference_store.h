@@ -10,6 +10,8 @@ namespace quibbly::fakes {
 class MemoryPreferenceStore : public PreferenceStore {
  public:
   bool opens = true;
+  /// Whether changes are made; another process may keep the store locked.
+  bool takes = true;
   int transactions = 0;
 
   [[nodiscard]] bool open() override { return opens; }
@@ -21,7 +23,7 @@ class MemoryPreferenceStore : public PreferenceStore {
     return opens ? values_ : std::map<std::string, PreferenceValue>();
   }
   [[nodiscard]] std::error_code apply(std::span<const PreferenceChange> changes) override {
-    if (!opens) return std::make_error_code(std::errc::io_error);
+    if (!opens || !takes) return std::make_error_code(std::errc::io_error);
     ++transactions;
     for (const PreferenceChange& change : changes) {
       const auto* const number = change.value ? std::get_if<double>(&*change.value) : nullptr;

@@ -153,12 +153,15 @@ TEST_F(GroupStore, keys_of_the_wrong_type_or_out_of_range_read_as_missing) {
 }
 
 TEST_F(GroupStore, without_preferences_the_two_records_go_to_their_files_and_come_from_there) {
-  preferences_.opens = false;
-  publishSome();
-  EXPECT_EQ(store_.lastRoast(), someRoast());
-  EXPECT_EQ(store_.widgetSnapshot(), someSnapshot());
-  EXPECT_FALSE(storage_.readText("currentRoast.txt"));
-  EXPECT_FALSE(storage_.readText("widgetGeneration.json"));
+  for (bool* const missing : {&preferences_.opens, &preferences_.takes}) {
+    *missing = false;
+    publishSome();
+    EXPECT_EQ(store_.lastRoast(), someRoast());
+    EXPECT_EQ(store_.widgetSnapshot(), someSnapshot());
+    EXPECT_FALSE(storage_.readText("currentRoast.txt"));
+    EXPECT_FALSE(storage_.readText("widgetGeneration.json"));
+    *missing = true;
+  }
 }
 
 TEST_F(GroupStore, damaged_bytes_fall_back_to_the_files) {

@@ -25,6 +25,7 @@ TEST(Iso8601Test, writes_and_reads_whole_seconds_in_utc_on_either_side_of_the_ep
       {sys_days{year{2025} / 3 / 1} + 18h + 4min + 9s + 999ms, "2025-03-01T18:04:09Z"},
       {sys_days{year{2024} / 2 / 29}, "2024-02-29T00:00:00Z"},
       {Date{} - 1ms, "1969-12-31T23:59:59Z"},
+      {Date::max(), "2262-04-11T23:47:16Z"},
   };
   for (const auto& [date, text] : cases) {
     EXPECT_EQ(iso8601Text(date), text);
@@ -32,7 +33,8 @@ TEST(Iso8601Test, writes_and_reads_whole_seconds_in_utc_on_either_side_of_the_ep
   }
   for (const char* text : {"", "2025-03-01", "2025-02-29T00:00:00Z", "2025-13-01T00:00:00Z", "2025-03-01T24:00:00Z",
                            "2025-03-01T00:60:00Z", "2025-03-01T00:00:60Z", "2025-03-01T00:00:00.5Z",
-                           "2025-03-01T00:00:00+01", "2025-03-01t00:00:00Z", "+025-03-01T00:00:00Z"}) {
+                           "2025-03-01T00:00:00+01", "2025-03-01t00:00:00Z", "+025-03-01T00:00:00Z",
+                           "0000-01-01T00:00:00Z", "2262-04-11T23:47:17Z", "9999-12-31T23:59:59Z"}) {
     EXPECT_EQ(dateFromIso8601(text), std::nullopt) << text;
   }
 }
@@ -99,6 +101,7 @@ TEST(JsonCodingTest, reads_an_object_only_when_every_value_is_of_its_kind) {
       {altered("\"t\"", R"("\ud800")"), false},
       {altered("}", ""), false},
       {altered("\"t\"}", "\"t\"} x"), false},
+      {altered("\"t\"}", "\"t\"}" + std::string(3, '\0')), false},
       {"", false},
       {"[]", false},
       {"{}", false},

@@ -111,6 +111,15 @@ TEST_F(WidgetBridge, an_observer_hears_every_post_until_it_is_removed_and_then_o
   center_.post(RoastRequestQueue::darwinName);
   EXPECT_EQ(calls, 2);
   EXPECT_EQ(owned.use_count(), 1);
+
+  std::optional<ObserverToken> itself;
+  itself = requests_.observe([&, owned] {
+    requests_.stopObserving(*itself);
+    *owned = 7;
+  });
+  center_.post(RoastRequestQueue::darwinName);
+  EXPECT_EQ(*owned, 7);
+  EXPECT_EQ(owned.use_count(), 1);
 }
 
 TEST_F(WidgetBridge, the_first_intent_ever_works_from_default_figures) {

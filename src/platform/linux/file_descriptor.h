@@ -18,6 +18,9 @@ class FileDescriptor {
     if (descriptor_ >= 0) ::close(descriptor_);
   }
 
+  /// Closes it now; false when what was written may be lost, which some volumes tell only then.
+  [[nodiscard]] bool close() { return ::close(std::exchange(descriptor_, -1)) == 0; }
+
   [[nodiscard]] int get() const { return descriptor_; }
   explicit operator bool() const { return descriptor_ >= 0; }
 

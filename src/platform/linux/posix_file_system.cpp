@@ -48,9 +48,10 @@ std::expected<std::string, std::error_code> PosixFileSystem::read(const std::fil
 
 std::error_code PosixFileSystem::writeNew(const std::filesystem::path& file, std::string_view content) {
   constexpr mode_t forTheUserAlone = 0600;
-  const FileDescriptor opened(
-      ::open(file.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, forTheUserAlone));
-  return opened ? writeAll(opened.get(), content) : lastError();
+  FileDescriptor opened(::open(file.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, forTheUserAlone));
+  if (!opened) return lastError();
+  if (const std::error_code error = writeAll(opened.get(), content)) return error;
+  return opened.close() ? std::error_code() : lastError();
 }
 
 std::error_code PosixFileSystem::replace(const std::filesystem::path& file, const std::filesystem::path& with) {
