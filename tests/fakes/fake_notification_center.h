@@ -1,5 +1,7 @@
 #pragma once
 
+#include <chrono>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -19,10 +21,12 @@ class FakeNotificationCenter : public NotificationCenter {
   /// What the user answers when asked, which is then decided.
   Granted userGrants = true;
   int timesAsked = 0;
+  /// Why nothing is taken.
   std::optional<std::string> refusal;
   std::vector<std::string> categories;
-  /// What is on the user's screen, oldest first.
+  /// What is on the user's screen, oldest first, and how the last one was to be shown.
   std::vector<NotificationRequest> delivered;
+  PresentationOptions shownAs = PresentationOptions::none;
   std::vector<std::string> removed;
 
   void setDelegate(NotificationCenterDelegate* delegate) override { delegate_ = delegate; }
@@ -35,15 +39,12 @@ class FakeNotificationCenter : public NotificationCenter {
     if (userGrants && options.alert) {
       now.authorizationStatus = *userGrants ? AuthorizationStatus::authorized : AuthorizationStatus::denied;
     }
-    queue_.post([this, answer = std::move(answer)] { answer(userGrants); });
+    queue_.post([answer = std::move(answer), granted = userGrants] { answer(granted); });
   }
   void add(NotificationRequest request, std::function<void(Added)> answer) override {
-    const auto delay = request.delay.value_or(std::chrono::milliseconds(0));
-    queue_.runAt(queue_.now() + delay, [this, request = std::move(request), answer = std::move(answer)]() mutable {
-      if (refusal) return answer(std::unexpected(*refusal));
-      shownAs = delegate_ ? delegate_->willPresent(request) : PresentationOptions::none;
-      delivered.push_back(std::move(request));
-      answer({});
+    const auto due = queue_.now() + request.delay.value_or(std::chrono::milliseconds(0));
+    queue_.runAt(due, [this, request = std::move(request), answer = std::move(answer)]() mutable {
+      answer(deliver(std::move(request)));
     });
   }
   void removeDelivered(const std::string& identifier) override {
@@ -51,9 +52,16 @@ class FakeNotificationCenter : public NotificationCenter {
     std::erase_if(delivered, [&](const NotificationRequest& request) { return request.identifier == identifier; });
   }
 
-  PresentationOptions shownAs = PresentationOptions::none;
-
  private:
+  Added deliver(NotificationRequest request) {
+    using enum PresentationOptions;
+    shownAs = delegate_ ? delegate_->willPresent(request) : banner | list | sound;
+    if (!contains(shownAs, banner | list)) return {};
+    if (refusal) return std::unexpected(*refusal);
+    delivered.push_back(std::move(request));
+    return {};
+  }
+
   MainQueue& queue_;
   NotificationCenterDelegate* delegate_ = nullptr;
 };

@@ -10,7 +10,7 @@
 
 namespace quibbly::fakes {
 
-/// A real message bus of the test's own, gone with the test.
+/// A real message bus of the test's own, gone with the test. It starts none of the machine's services.
 class PrivateBus {
  public:
   PrivateBus() { start(); }
@@ -23,12 +23,21 @@ class PrivateBus {
 
   /// Starts it, anew after `kill`, at the same address.
   void start() {
+    files_.add("bus.conf",
+               "<busconfig><type>session</type><listen>" + address() + "</listen><servicedir>" +
+                   (files_.root() / "services").string() +
+                   "</servicedir><policy context='default'><allow send_destination='*'/><allow eavesdrop='true'/>"
+                   "<allow own='*'/></policy></busconfig>");
     const std::string command =
-        "exec dbus-daemon --session --fork --print-pid=1 --address=" + address() + " 2>/dev/null";
+        "exec dbus-daemon --fork --print-pid=1 --config-file=" + (files_.root() / "bus.conf").string() + " 2>/dev/null";
     FILE* const output = ::popen(command.c_str(), "r");
     char line[32] = "";
     if (std::fgets(line, sizeof line, output)) pid_ = std::atoi(line);
     ::pclose(output);
+  }
+  /// From now on the bus starts the command when somebody asks for the name.
+  void offer(const std::string& name, const std::string& command) {
+    files_.add("services/" + name + ".service", "[D-BUS Service]\nName=" + name + "\nExec=" + command + "\n");
   }
   void kill() {
     if (pid_ > 0) ::kill(pid_, SIGKILL);

@@ -10,7 +10,7 @@ constexpr const char* path = "/org/quibbly/WidgetCenter";
 constexpr const char* interface = "org.quibbly.WidgetCenter1";
 constexpr std::string_view widgetNames = "org.quibbly.Quibbly.RoastWidget.";
 
-/// The kinds among the names of a bus; absent when the answer is not a list of names.
+/// The kinds among the names of a bus; absent when the answer is an error or anything else.
 WidgetCenter::Configurations kindsIn(sd_bus_message* names) {
   if (names == nullptr || sd_bus_message_enter_container(names, 'a', "s") < 0) return std::nullopt;
   std::vector<std::string> kinds;

@@ -18,7 +18,9 @@ struct Question {
 
   static int take(sd_bus_message* answer, void* self, sd_bus_error* /*error*/) {
     const auto answered = std::exchange(static_cast<Question*>(self)->answered, nullptr);
-    answered(sd_bus_message_is_method_error(answer, nullptr) != 0 ? nullptr : answer);
+    // To what is under way when the connection breaks, sd-bus gives an error of its own making.
+    const bool hasBus = sd_bus_is_open(sd_bus_message_get_bus(answer)) > 0;
+    answered(hasBus ? answer : nullptr);
     return 1;
   }
   static void drop(void* self) {
@@ -50,8 +52,8 @@ BusMessage SessionBus::newCall(const char* service, const char* path, const char
   return BusMessage(made ? created : nullptr);
 }
 
-void SessionBus::send(const BusMessage& signal) {
-  if (signal && bus_) (void)sd_bus_send(bus_.get(), signal.get(), nullptr);
+void SessionBus::send(const BusMessage& message) {
+  if (message && bus_) (void)sd_bus_send(bus_.get(), message.get(), nullptr);
 }
 
 void SessionBus::call(const BusMessage& question, Answered answered) {

@@ -18,7 +18,8 @@ namespace quibbly::linux_services {
 /// missing: what was sent is lost then, and who asked hears that there is no answer. Main thread.
 class SessionBus {
  public:
-  /// An answer that came, to be read inside the call; null when none came in time or it was an error.
+  /// An answer, to be read inside the call. It may be an error (`sd_bus_message_is_method_error`), which a service that is
+  /// silent for too long is too; null means that there is no bus.
   using Answered = std::function<void(sd_bus_message* answer)>;
   /// Sets up something that lasts as long as the connection; gives the slot that it hangs on, or null for none.
   using Attach = std::function<sd_bus_slot*(sd_bus* bus)>;
@@ -34,9 +35,9 @@ class SessionBus {
   [[nodiscard]] BusMessage newSignal(const char* path, const char* interface, const char* member);
   [[nodiscard]] BusMessage newCall(const char* service, const char* path, const char* interface, const char* member);
 
-  /// Sends a signal. Null is nothing to send.
-  void send(const BusMessage& signal);
-  /// Sends a question, and calls back once, on a later turn of the queue: within four seconds, with an answer or with null.
+  /// Sends a signal, or a call whose answer nobody wants. Null is nothing to send.
+  void send(const BusMessage& message);
+  /// Sends a question, and calls back once, on a later turn of the queue and within four seconds.
   void call(const BusMessage& question, Answered answered);
 
   /// Attaches to the connection, if there is or can be one, and to each that is made anew, until it is detached.

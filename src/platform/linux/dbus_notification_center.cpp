@@ -1,0 +1,119 @@
+#include "platform/linux/dbus_notification_center.h"
+
+#include <chrono>
+#include <string_view>
+#include <utility>
+
+#include "platform/linux/alert_settings.h"
+#include "platform/linux/notification_service.h"
+
+namespace quibbly::linux_services {
+namespace {
+
+using namespace std::chrono_literals;
+using notification_service::Presence;
+
+/// The name by which a server calls itself; empty when it answers anything else.
+std::string nameIn(sd_bus_message* information) {
+  const char* name = nullptr;
+  const bool isInformation = sd_bus_message_is_method_error(information, nullptr) == 0 &&
+                             sd_bus_message_read_basic(information, 's', static_cast<void*>(&name)) > 0;
+  return isInformation ? name : "";
+}
+
+/// A server that does not say what it can do is taken to show plain text, which all of them can.
+bool hasBodyMarkup(sd_bus_message* capabilities) {
+  if (sd_bus_message_enter_container(capabilities, 'a', "s") < 0) return false;
+  const char* capability = nullptr;
+  while (sd_bus_message_read_basic(capabilities, 's', static_cast<void*>(&capability)) > 0) {
+    if (std::string_view(capability) == "body-markup") return true;
+  }
+  return false;
+}
+
+}  // namespace
+
+/// The work, which comes to nothing once the center is gone.
+template <typename Work>
+auto DBusNotificationCenter::whileHere(Work work) const {
+  return [here = std::weak_ptr(here_), work = std::move(work)](const auto&... arguments) {
+    if (!here.expired()) work(arguments...);
+  };
+}
+
+BusMessage DBusNotificationCenter::newCall(const char* member) {
+  return bus_.newCall(notification_service::name, notification_service::path, notification_service::interface, member);
+}
+
+void DBusNotificationCenter::settings(std::function<void(NotificationSettings)> answer) {
+  bus_.call(newCall("GetServerInformation"), whileHere([this, answer = std::move(answer)](sd_bus_message* information) {
+              const Presence presence = notification_service::presence(information);
+              if (presence == Presence::absent) return answer({});
+              const auto mayPost = [answer](AlertSetting alerts) {
+                answer({.authorizationStatus = AuthorizationStatus::authorized, .alertSetting = alerts});
+              };
+              // A server that is only slow is no refusal. The next notification tells better what is wrong, in its own words.
+              if (presence == Presence::silent) return mayPost(AlertSetting::enabled);
+              askAlertSetting(queue_, bus_, searchPath_, nameIn(information), whileHere(mayPost));
+            }));
+}
+
+void DBusNotificationCenter::requestAuthorization(AuthorizationOptions /*options*/,
+                                                  std::function<void(Granted)> answer) {
+  bus_.call(newCall("GetServerInformation"), whileHere([answer = std::move(answer)](sd_bus_message* information) {
+              answer(notification_service::presence(information) != Presence::absent);
+            }));
+}
+
+void DBusNotificationCenter::add(NotificationRequest request, std::function<void(Added)> answer) {
+  const auto due = queue_.now() + request.delay.value_or(0ms);
+  queue_.runAt(
+      due, whileHere([this, request = std::move(request), answer = std::move(answer)] { deliver(request, answer); }));
+}
+
+void DBusNotificationCenter::deliver(const NotificationRequest& request, const Answer& answer) {
+  using enum PresentationOptions;
+  const PresentationOptions shown = delegate_ != nullptr ? delegate_->willPresent(request) : list | banner | sound;
+  if (!contains(shown, list | banner)) return answer({});
+  bus_.call(newCall("GetCapabilities"), whileHere([=, this](sd_bus_message* capabilities) {
+              // Nobody waits a second time for a server that hangs.
+              if (notification_service::presence(capabilities) != Presence::there) {
+                return answer(notification_service::success(capabilities));
+              }
+              notify(request, {.bodyIsMarkup = hasBodyMarkup(capabilities), .makesSound = contains(shown, sound)},
+                     answer);
+            }));
+}
+
+void DBusNotificationCenter::notify(const NotificationRequest& request, const NotificationStyle& style,
+                                    const Answer& answer) {
+  const BusMessage call = newCall("Notify");
+  if (call && !fillIn(call.get(), request, style)) return answer(std::unexpected("The notification is not text."));
+  bus_.call(call, whileHere([this, identifier = request.identifier, answer](sd_bus_message* reply) {
+              answer(take(identifier, reply));
+            }));
+}
+
+NotificationCenter::Added DBusNotificationCenter::take(const std::string& identifier, sd_bus_message* reply) {
+  const Added taken = notification_service::success(reply);
+  if (!taken) return taken;
+  const char* const server = sd_bus_message_get_sender(reply);
+  Delivered delivered;
+  if (server == nullptr || sd_bus_message_read(reply, "u", &delivered.number) < 0) {
+    return std::unexpected("The notification service answers nonsense.");
+  }
+  delivered.server = server;
+  delivered_.insert_or_assign(identifier, std::move(delivered));
+  return taken;
+}
+
+void DBusNotificationCenter::removeDelivered(const std::string& identifier) {
+  const auto withdrawn = delivered_.extract(identifier);
+  if (!withdrawn) return;
+  const Delivered& delivered = withdrawn.mapped();
+  const BusMessage call = bus_.newCall(delivered.server.c_str(), notification_service::path,
+                                       notification_service::interface, "CloseNotification");
+  if (call && sd_bus_message_append(call.get(), "u", delivered.number) >= 0) bus_.send(call);
+}
+
+}  // namespace quibbly::linux_services
