@@ -37,7 +37,9 @@ class Terminal {
   /// Gives the terminal back as it was found. Also done when this object goes.
   virtual void close() = 0;
 
-  /// Writes all of it, control sequences included; false when that fails, and from then on.
+  /// Writes all of it, control sequences included, and waits for nobody: what a terminal that was halted, or a pipe that
+  /// nobody reads, does not take within a moment is lost, and the terminal asks to be drawn anew later. False when nothing
+  /// can be written any more.
   [[nodiscard]] virtual bool write(std::string_view text) = 0;
 };
 

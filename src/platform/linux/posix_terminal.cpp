@@ -1,0 +1,182 @@
+#include "platform/linux/posix_terminal.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <chrono>
+#include <csignal>
+#include <cstdlib>
+#include <fcntl.h>
+#include <initializer_list>
+#include <poll.h>
+#include <string>
+#include <sys/ioctl.h>
+#include <sys/signalfd.h>
+#include <sys/stat.h>
+#include <utility>
+
+namespace quibbly::linux_services {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr std::string_view takeOver = "\x1b[?1049h\x1b[?25l\x1b[H\x1b[2J";
+constexpr std::string_view handBack = "\x1b[0m\x1b[?25h\x1b[?1049l";
+constexpr int patienceInMilliseconds = 100;
+constexpr auto untilDrawnAnew = 1s;
+
+constexpr std::initializer_list<int> endings = {SIGINT, SIGTERM, SIGHUP};
+/// What changes a terminal that is drawn on; without one these do what they always do.
+constexpr std::initializer_list<int> changes = {SIGWINCH, SIGTSTP, SIGCONT};
+
+sigset_t setOf(std::initializer_list<std::initializer_list<int>> groups) {
+  sigset_t set;
+  ::sigemptyset(&set);
+  for (const auto& group : groups) {
+    for (const int signal : group) ::sigaddset(&set, signal);
+  }
+  return set;
+}
+
+bool canBeDrawnOn(int output) {
+  const char* const kind = std::getenv("TERM");
+  return ::isatty(output) != 0 && kind != nullptr && *kind != '\0' && std::string_view(kind) != "dumb";
+}
+
+/// The same output, where it could block through an open file of its own: that it must not is nobody else's business. A
+/// file never blocks, and shares its position with whoever writes it before and after.
+FileDescriptor reopened(int output) {
+  struct stat status{};
+  const bool mayBlock = ::isatty(output) != 0 || (::fstat(output, &status) == 0 && S_ISFIFO(status.st_mode));
+  const std::string path = "/proc/self/fd/" + std::to_string(output);
+  FileDescriptor own(mayBlock ? ::open(path.c_str(), O_WRONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC) : -1);
+  return own ? std::move(own) : FileDescriptor(::fcntl(output, F_DUPFD_CLOEXEC, 0));
+}
+
+}  // namespace
+
+void blockTerminalSignals() {
+  const sigset_t all = setOf({endings, changes});
+  (void)::pthread_sigmask(SIG_BLOCK, &all, nullptr);
+}
+
+PosixTerminal::PosixTerminal(MainQueue& queue, int input, int output)
+    : queue_(queue),
+      input_(input),
+      output_(reopened(output)),
+      isInteractive_(canBeDrawnOn(output)),
+      readsKeys_(isInteractive_ && ::isatty(input) != 0) {}
+
+PosixTerminal::~PosixTerminal() { close(); }
+
+Terminal::Size PosixTerminal::size() const {
+  winsize window{};
+  if (::ioctl(output_.get(), TIOCGWINSZ, &window) != 0 || window.ws_col == 0 || window.ws_row == 0) return {};
+  return {.columns = window.ws_col, .rows = window.ws_row};
+}
+
+void PosixTerminal::open(Events events) {
+  events_ = std::move(events);
+  const sigset_t heard = isInteractive_ ? setOf({endings, changes}) : setOf({endings});
+  const sigset_t others = setOf({changes});
+  if (!isInteractive_) (void)::pthread_sigmask(SIG_UNBLOCK, &others, nullptr);
+  signals_ = FileDescriptor(::signalfd(-1, &heard, SFD_NONBLOCK | SFD_CLOEXEC));
+  queue_.watch(signals_.get(), [this] { readSignals(); });
+  if (readsKeys_) queue_.watch(input_, [this] { readKeys(); });
+  if (isInteractive_) take();
+}
+
+void PosixTerminal::close() {
+  if (!signals_) return;
+  if (drawing_) queue_.cancel(*drawing_);
+  drawing_.reset();
+  queue_.unwatch(signals_.get());
+  if (readsKeys_) queue_.unwatch(input_);
+  giveBack();
+  signals_ = FileDescriptor(-1);
+}
+
+void PosixTerminal::take() {
+  termios settings{};
+  if (before_ || ::tcgetattr(output_.get(), &settings) != 0) return;
+  before_ = settings;
+  settings.c_lflag &= ~static_cast<tcflag_t>(ICANON | ECHO);
+  settings.c_cc[VMIN] = 1;
+  settings.c_cc[VTIME] = 0;
+  (void)::tcsetattr(output_.get(), TCSANOW, &settings);
+  (void)write(takeOver);
+}
+
+void PosixTerminal::giveBack() {
+  if (!before_) return;
+  (void)write(handBack);
+  (void)::tcsetattr(output_.get(), TCSANOW, &*before_);
+  before_.reset();
+}
+
+void PosixTerminal::readSignals() {
+  signalfd_siginfo signal{};
+  while (signals_ && ::read(signals_.get(), &signal, sizeof signal) == sizeof signal) {
+    const int number = static_cast<int>(signal.ssi_signo);
+    if (std::ranges::find(endings, number) != endings.end()) {
+      events_.end();
+    } else if (number == SIGTSTP) {
+      suspend();
+    } else {
+      take();  // unless it is ours still
+      events_.redraw();
+    }
+  }
+}
+
+/// The process stands still inside; SIGCONT, which lets it go on, comes as an event too.
+void PosixTerminal::suspend() {
+  giveBack();
+  (void)::kill(::getpid(), SIGSTOP);
+}
+
+void PosixTerminal::readKeys() {
+  constexpr char escape = '\x1b';
+  std::array<char, 256> bytes{};
+  const ssize_t got = ::read(input_, bytes.data(), bytes.size());
+  if (got < 0 && (errno == EINTR || errno == EAGAIN)) return;
+  if (got <= 0) {
+    // Nobody types any more, and the descriptor would call for ever.
+    queue_.unwatch(std::exchange(input_, -1));
+    readsKeys_ = false;
+    events_.end();
+    return;
+  }
+  if (bytes[0] == escape) return;
+  for (const char byte : std::string_view(bytes.data(), static_cast<std::size_t>(got))) {
+    if (byte > ' ' && byte <= '~') events_.key(byte);
+  }
+}
+
+bool PosixTerminal::write(std::string_view text) {
+  while (!text.empty() && !hasFailed_) {
+    const ssize_t written = ::write(output_.get(), text.data(), text.size());
+    if (written >= 0) {
+      text.remove_prefix(static_cast<std::size_t>(written));
+    } else if (errno == EAGAIN) {
+      pollfd asked{.fd = output_.get(), .events = POLLOUT, .revents = 0};
+      // One frame is waited for; those that follow while the terminal is halted are not.
+      if (::poll(&asked, 1, drawing_ ? 0 : patienceInMilliseconds) > 0) continue;
+      drawLater();
+      return true;
+    } else if (errno != EINTR) {
+      hasFailed_ = true;
+    }
+  }
+  return !hasFailed_;
+}
+
+void PosixTerminal::drawLater() {
+  if (!before_ || drawing_) return;
+  drawing_ = queue_.runAt(queue_.now() + untilDrawnAnew, [this] {
+    drawing_.reset();
+    events_.redraw();
+  });
+}
+
+}  // namespace quibbly::linux_services

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <optional>
+#include <termios.h>
+#include <unistd.h>
+
+#include "platform/linux/file_descriptor.h"
+#include "platform/main_queue.h"
+#include "platform/terminal.h"
+
+namespace quibbly::linux_services {
+
+/// Holds back the signals that `PosixTerminal` tells as events. To be called before any thread is started: all of them
+/// inherit it, and so do programs that are started, which have to undo it.
+void blockTerminalSignals();
+
+/// A terminal by termios and the control sequences that all of today's understand (ECMA-48, and xterm's alternate screen).
+class PosixTerminal final : public Terminal {
+ public:
+  explicit PosixTerminal(MainQueue& queue, int input = STDIN_FILENO, int output = STDOUT_FILENO);
+  PosixTerminal(const PosixTerminal&) = delete;
+  PosixTerminal& operator=(const PosixTerminal&) = delete;
+  ~PosixTerminal() override;
+
+  [[nodiscard]] bool isInteractive() const override { return isInteractive_; }
+  [[nodiscard]] Size size() const override;
+  void open(Events events) override;
+  void close() override;
+  [[nodiscard]] bool write(std::string_view text) override;
+
+ private:
+  void take();
+  void giveBack();
+  void readSignals();
+  void readKeys();
+  void suspend();
+  void drawLater();
+
+  MainQueue& queue_;
+  int input_;
+  FileDescriptor output_;
+  bool isInteractive_;
+  bool readsKeys_;
+  Events events_;
+  FileDescriptor signals_{-1};
+  std::optional<termios> before_;  // the terminal's settings, while it is taken
+  std::optional<MainQueue::TimerId> drawing_;
+  bool hasFailed_ = false;
+};
+
+}  // namespace quibbly::linux_services

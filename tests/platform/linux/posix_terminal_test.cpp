@@ -1,0 +1,154 @@
+#include "platform/linux/posix_terminal.h"
+
+#include <array>
+#include <chrono>
+#include <csignal>
+#include <cstdlib>
+#include <poll.h>
+#include <pty.h>
+#include <string>
+#include <sys/ioctl.h>
+#include <sys/wait.h>
+#include <utility>
+
+#include <gtest/gtest.h>
+
+#include "fakes/manual_queue.h"
+
+namespace quibbly::linux_services {
+namespace {
+
+using namespace std::chrono_literals;
+
+/// A program on a terminal of its own, which says on its screen what it is told, and whose user is the test.
+class OnATerminal : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    ::setenv("TERM", "xterm", 1);
+    child_ = ::forkpty(&user_, nullptr, nullptr, nullptr);
+    ASSERT_GE(child_, 0);
+    if (child_ == 0) runProgram();
+    ASSERT_TRUE(see("ready"));
+  }
+  void TearDown() override {
+    ::kill(child_, SIGKILL);
+    ::waitpid(child_, nullptr, 0);
+    if (user_ >= 0) ::close(user_);
+  }
+
+  [[noreturn]] static void runProgram() {
+    blockTerminalSignals();
+    fakes::ManualQueue queue;
+    bool ended = false;
+    {
+      PosixTerminal terminal(queue);
+      const auto say = [&](const std::string& text) { (void)terminal.write("<" + text + ">"); };
+      terminal.open({.key = [&](char key) { say(std::string("key ") + key); },
+                     .redraw = [&] { say("redraw " + std::to_string(terminal.size().columns)); },
+                     .end = [&] { ended = true; }});
+      say("ready");
+      queue.until([&] { return ended; });
+    }
+    std::_Exit(ended ? 7 : 8);
+  }
+
+  void type(std::string_view keys) { EXPECT_EQ(::write(user_, keys.data(), keys.size()), std::ssize(keys)); }
+
+  /// Whether the text comes up on the screen.
+  bool see(std::string_view text) {
+    for (const auto end = std::chrono::steady_clock::now() + 20s; std::chrono::steady_clock::now() < end;) {
+      if (screen_.find(text) != std::string::npos) return true;
+      pollfd asked{.fd = user_, .events = POLLIN, .revents = 0};
+      std::array<char, 4096> bytes{};
+      if (::poll(&asked, 1, 100) <= 0) continue;
+      const ssize_t got = ::read(user_, bytes.data(), bytes.size());
+      if (got <= 0) break;
+      screen_.append(bytes.data(), static_cast<std::size_t>(got));
+    }
+    return false;
+  }
+  [[nodiscard]] bool isRaw() const {
+    termios settings{};
+    ::tcgetattr(user_, &settings);
+    return (settings.c_lflag & (ICANON | ECHO)) == 0;
+  }
+  int exitStatus() {
+    int status = 0;
+    ::waitpid(child_, &status, 0);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
+  }
+
+  int user_ = -1;
+  pid_t child_ = 0;
+  std::string screen_;
+};
+
+TEST_F(OnATerminal, tells_keys_but_no_sequences) {
+  EXPECT_TRUE(isRaw());
+  type("r");
+  EXPECT_TRUE(see("<key r>"));
+  type("\x1b[A");
+  type("\x03");
+  EXPECT_EQ(exitStatus(), 7) << "Ctrl-C ends it";
+  EXPECT_TRUE(see("\x1b[?1049l"));
+  EXPECT_EQ(screen_.find("<key A>"), std::string::npos);
+  EXPECT_EQ(screen_.find("<key [>"), std::string::npos);
+}
+
+TEST_F(OnATerminal, tells_a_change_of_size) {
+  winsize size{.ws_row = 10, .ws_col = 33, .ws_xpixel = 0, .ws_ypixel = 0};
+  ::ioctl(user_, TIOCSWINSZ, &size);
+  EXPECT_TRUE(see("<redraw 33>"));
+}
+
+TEST_F(OnATerminal, is_given_back_while_the_program_is_suspended) {
+  type("\x1a");
+  int status = 0;
+  ASSERT_EQ(::waitpid(child_, &status, WUNTRACED), child_);
+  ASSERT_TRUE(WIFSTOPPED(status));
+  EXPECT_FALSE(isRaw());
+  EXPECT_TRUE(see("\x1b[?1049l"));
+  ::kill(child_, SIGCONT);
+  EXPECT_TRUE(see("<redraw 80>"));
+  EXPECT_TRUE(isRaw());
+}
+
+TEST_F(OnATerminal, is_given_back_on_every_way_out) {
+  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+    if (signal != SIGINT) SetUp();
+    ::kill(child_, signal);
+    EXPECT_EQ(exitStatus(), 7) << signal;
+    EXPECT_FALSE(isRaw());
+    EXPECT_TRUE(see("\x1b[?25h\x1b[?1049l"));
+    ::close(user_);
+    screen_.clear();
+  }
+  SetUp();
+  ::close(std::exchange(user_, -1));
+  EXPECT_EQ(exitStatus(), 7) << "hang-up";
+}
+
+TEST_F(OnATerminal, that_is_halted_holds_up_nobody) {
+  type("\x13");
+  for (int i = 0; i < 3000; ++i) type("k");
+  ::kill(child_, SIGTERM);
+  EXPECT_EQ(exitStatus(), 7);
+}
+
+TEST(PosixTerminalTest, is_not_interactive_on_anything_else) {
+  fakes::ManualQueue queue;
+  (void)std::signal(SIGPIPE, SIG_IGN);
+  std::array<int, 2> pipe{};
+  ASSERT_EQ(::pipe(pipe.data()), 0);
+  PosixTerminal terminal(queue, pipe[0], pipe[1]);
+  EXPECT_FALSE(terminal.isInteractive());
+  EXPECT_EQ(terminal.size(), (Terminal::Size{.columns = 80, .rows = 24}));
+  EXPECT_TRUE(terminal.write(std::string(1 << 20, 'x'))) << "nobody reads";
+  ::close(pipe[0]);
+  EXPECT_FALSE(terminal.write("x"));
+  EXPECT_FALSE(terminal.write("x"));
+  ::close(pipe[1]);
+}
+
+}  // namespace
+}  // namespace quibbly::linux_services
