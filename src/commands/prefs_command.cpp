@@ -7,7 +7,7 @@
 #include <system_error>
 #include <utility>
 
-#include "commands/printable.h"
+#include "platform/printable.h"
 
 namespace quibbly {
 namespace {

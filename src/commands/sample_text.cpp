@@ -4,7 +4,7 @@
 #include <string_view>
 #include <utility>
 
-#include "commands/printable.h"
+#include "platform/printable.h"
 #include "records/units.h"
 #include "shared/iso8601.h"
 

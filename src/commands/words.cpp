@@ -4,7 +4,7 @@
 
 #include <CLI/CLI.hpp>
 
-#include "commands/printable.h"
+#include "platform/printable.h"
 
 namespace quibbly {
 

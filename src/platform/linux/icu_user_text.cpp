@@ -21,6 +21,22 @@ struct CloseIterator {
   void operator()(UBreakIterator* iterator) const { ubrk_close(iterator); }
 };
 
+icu::UnicodeString unicode(std::string_view text) {
+  return icu::UnicodeString::fromUTF8({text.data(), static_cast<std::int32_t>(text.size())});
+}
+
+constexpr UChar32 zeroWidthJoiner = 0x200D;
+constexpr UChar32 asEmoji = 0xFE0F;  // the variation selector behind a character that is also a plain sign
+
+/// The columns of a character that stands alone.
+std::size_t columnsOf(UChar32 character) {
+  if ((U_GET_GC_MASK(character) & (U_GC_MN_MASK | U_GC_ME_MASK | U_GC_CF_MASK)) != 0) return 0;
+  if (u_hasBinaryProperty(character, UCHAR_REGIONAL_INDICATOR) != 0) return 1;  // two of them are a flag
+  if (u_hasBinaryProperty(character, UCHAR_EMOJI_MODIFIER) != 0) return 0;
+  const int width = u_getIntPropertyValue(character, UCHAR_EAST_ASIAN_WIDTH);
+  return width == U_EA_WIDE || width == U_EA_FULLWIDTH ? 2 : 1;
+}
+
 /// The separators of Unicode, the tab, and what ends a line.
 bool isSpaceOrLineEnd(UChar32 character) {
   constexpr UChar32 nextLine = 0x85;
@@ -57,10 +73,23 @@ std::string IcuUserText::firstCharacters(std::string_view text, std::size_t coun
   return std::string(text.substr(0, static_cast<std::size_t>(end)));
 }
 
+std::size_t IcuUserText::columns(std::string_view text) const {
+  const icu::UnicodeString characters = unicode(text);
+  std::size_t columns = 0;
+  std::size_t last = 0;
+  UChar32 before = 0;
+  for (std::int32_t i = 0; i < characters.length(); i = characters.moveIndex32(i, 1)) {
+    const UChar32 character = characters.char32At(i);
+    if (character == asEmoji && last == 1) ++columns;
+    if (before != zeroWidthJoiner) columns += last = columnsOf(character);
+    before = character;
+  }
+  return columns;
+}
+
 std::string IcuUserText::comparable(std::string_view text) const {
   UErrorCode status = U_ZERO_ERROR;
-  icu::UnicodeString folded =
-      trimmed(icu::UnicodeString::fromUTF8({text.data(), static_cast<std::int32_t>(text.size())}));
+  icu::UnicodeString folded = trimmed(unicode(text));
   folded.toLower(icu::Locale::getRoot());
   std::string utf8;
   icu::Normalizer2::getNFCInstance(status)->normalize(folded, status).toUTF8String(utf8);

@@ -9,6 +9,7 @@ class IcuUserText final : public UserText {
  public:
   [[nodiscard]] bool isUtf8(std::string_view text) const override;
   [[nodiscard]] std::string firstCharacters(std::string_view text, std::size_t count) const override;
+  [[nodiscard]] std::size_t columns(std::string_view text) const override;
   [[nodiscard]] std::string comparable(std::string_view text) const override;
 };
 

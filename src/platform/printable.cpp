@@ -1,4 +1,4 @@
-#include "commands/printable.h"
+#include "platform/printable.h"
 
 #include <algorithm>
 #include <array>

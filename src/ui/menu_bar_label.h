@@ -1,0 +1,23 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "records/mac_mood.h"
+#include "records/roast_thermal_state.h"
+
+namespace quibbly {
+
+/// The icon that stands for the program.
+struct MenuBarLabel {
+  enum class Symbol { flame, flameFill, exclamationmarkTriangleFill };
+
+  MacMood mood;
+  /// Absent before the first sample.
+  std::optional<RoastThermalState> thermal;
+
+  [[nodiscard]] Symbol symbol() const;
+  [[nodiscard]] std::string accessibilityLabel() const;
+};
+
+}  // namespace quibbly

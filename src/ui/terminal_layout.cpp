@@ -1,0 +1,215 @@
+#include "ui/terminal_layout.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <utility>
+
+#include "platform/printable.h"
+
+namespace quibbly {
+namespace {
+
+/// A wider panel is harder to read.
+constexpr std::size_t widest = 72;
+constexpr std::size_t toastLines = 4;
+
+/// What goes first when there is no room, and what goes last.
+enum class Keep { space, figures, limits, toast, roast, status, keys, heading };
+
+class Layout {
+ public:
+  Layout(const Terminal::Size& size, const UserText& userText)
+      : width_(std::min<std::size_t>(static_cast<std::size_t>(std::max(size.columns, 1)), widest)),
+        height_(static_cast<std::size_t>(std::max(size.rows, 1))),
+        userText_(userText) {}
+
+  void add(Keep keep, TerminalLine line) { lines_.emplace_back(keep, std::move(line)); }
+  void addText(Keep keep, TextStyle style, std::string_view text) {
+    for (std::string& line : wrapped(text, width_, userText_)) add(keep, {{style, std::move(line)}});
+  }
+  void addSpace() { add(Keep::space, {}); }
+  void addRule() { add(Keep::space, {{TextStyle::dim, repeated("─", width_)}}); }
+
+  void addToast(const BannerView& toast, bool isFading) {
+    const TextStyle frame = isFading ? TextStyle::dim : TextStyle::orange;
+    constexpr std::size_t frameColumns = 4;
+    if (width_ <= frameColumns) return;
+    const std::size_t inside = width_ - frameColumns;
+    const auto addLine = [&](TextStyle style, const std::string& text) {
+      const std::string rest(inside - std::min(inside, userText_.columns(text)), ' ');
+      add(Keep::toast, {{frame, "│ "}, {isFading ? TextStyle::dim : style, text + rest}, {frame, " │"}});
+    };
+    add(Keep::toast, {{frame, "╭" + repeated("─", inside + 2) + "╮"}});
+    addLine(TextStyle::bold, cut(wrapped(toast.title, inside, userText_), 1, inside).front());
+    for (const std::string& line : cut(wrapped(toast.message, inside, userText_), toastLines, inside)) {
+      addLine(TextStyle::plain, line);
+    }
+    add(Keep::toast, {{frame, "╰" + repeated("─", inside + 2) + "╯"}});
+  }
+
+  void addRows(const std::vector<PanelContents::Row>& rows) {
+    std::size_t labels = 0;
+    for (const auto& row : rows) labels = std::max(labels, userText_.columns(row.label));
+    for (const auto& row : rows) {
+      const std::string gap(labels - userText_.columns(row.label) + 3, ' ');
+      if (labels + 3 + userText_.columns(row.value) > width_) {
+        addText(Keep::figures, TextStyle::plain, row.label + " " + row.value);
+      } else {
+        add(Keep::figures, {{TextStyle::dim, row.label + gap}, {TextStyle::plain, row.value}});
+      }
+    }
+  }
+
+  /// As many keys a line as there is room for.
+  void addKeys(const std::vector<TerminalScreen::Key>& keys) {
+    constexpr std::size_t between = 3;
+    TerminalLine line;
+    std::size_t used = 0;
+    for (const auto& key : keys) {
+      const std::size_t columns = userText_.columns(key.title) + 2;
+      if (!line.empty() && used + between + columns > width_) add(Keep::keys, std::exchange(line, {}));
+      used = line.empty() ? columns : used + between + columns;
+      if (!line.empty()) line.push_back({TextStyle::plain, std::string(between, ' ')});
+      line.push_back({key.isEnabled ? TextStyle::bold : TextStyle::dim, std::string(1, key.key)});
+      line.push_back({key.isEnabled ? TextStyle::plain : TextStyle::dim, " " + key.title});
+    }
+    if (!line.empty()) add(Keep::keys, std::move(line));
+  }
+
+  [[nodiscard]] std::vector<TerminalLine> fitted() && {
+    for (const Keep least : {Keep::space, Keep::figures, Keep::limits, Keep::toast, Keep::roast, Keep::status,
+                             Keep::keys, Keep::heading}) {
+      for (std::size_t i = lines_.size(); i-- > 0 && lines_.size() > height_;) {
+        if (lines_[i].first == least) lines_.erase(lines_.begin() + static_cast<std::ptrdiff_t>(i));
+      }
+    }
+    std::vector<TerminalLine> lines;
+    for (auto& [keep, line] : lines_) lines.push_back(cutToWidth(std::move(line)));
+    return lines;
+  }
+
+ private:
+  static std::string repeated(std::string_view piece, std::size_t times) {
+    std::string text;
+    for (std::size_t i = 0; i < times; ++i) text += piece;
+    return text;
+  }
+
+  /// The first lines; the last of them says that there were more.
+  [[nodiscard]] std::vector<std::string> cut(std::vector<std::string> lines, std::size_t most,
+                                             std::size_t columns) const {
+    if (lines.size() <= most) return lines;
+    lines.resize(most);
+    while (userText_.columns(lines.back()) >= columns) lines.back() = withoutLast(lines.back());
+    lines.back() += "…";
+    return lines;
+  }
+  [[nodiscard]] std::string withoutLast(const std::string& text) const {
+    std::string shorter = userText_.firstCharacters(text, 1);
+    for (std::size_t count = 2; shorter.size() < text.size(); ++count) {
+      std::string longer = userText_.firstCharacters(text, count);
+      if (longer.size() == text.size()) break;
+      shorter = std::move(longer);
+    }
+    return shorter.size() == text.size() ? std::string() : shorter;
+  }
+
+  [[nodiscard]] TerminalLine cutToWidth(TerminalLine line) const {
+    std::size_t room = width_;
+    for (StyledText& piece : line) {
+      while (userText_.columns(piece.text) > room) piece.text = withoutLast(piece.text);
+      room -= userText_.columns(piece.text);
+    }
+    return line;
+  }
+
+  std::size_t width_;
+  std::size_t height_;
+  const UserText& userText_;
+  std::vector<std::pair<Keep, TerminalLine>> lines_;
+};
+
+std::string_view sign(MenuBarLabel::Symbol symbol) {
+  switch (symbol) {
+    case MenuBarLabel::Symbol::flameFill:
+      return "🔥";
+    case MenuBarLabel::Symbol::exclamationmarkTriangleFill:
+      return "▲";
+    case MenuBarLabel::Symbol::flame:
+      break;
+  }
+  return "♨";
+}
+
+void addFooter(Layout& layout, const std::vector<PanelContents::FooterLine>& footer) {
+  using Role = PanelContents::FooterLine::Role;
+  for (const auto& [role, text] : footer) {
+    layout.addText(Keep::limits, role == Role::pause ? TextStyle::orange : TextStyle::dim, text);
+  }
+}
+
+}  // namespace
+
+std::vector<TerminalLine> terminalLines(const TerminalScreen& screen, const Terminal::Size& size,
+                                        const UserText& userText) {
+  Layout layout(size, userText);
+  const PanelContents& panel = screen.panel;
+  if (screen.toast) layout.addToast(*screen.toast, screen.toastIsFading);
+  layout.add(Keep::heading,
+             {{TextStyle::orange, std::string(sign(screen.symbol)) + " "}, {TextStyle::bold, panel.heading}});
+  layout.addSpace();
+  if (panel.rows) {
+    layout.addRows(*panel.rows);
+  } else {
+    layout.addText(Keep::figures, TextStyle::dim, PanelContents::collecting);
+  }
+  if (panel.roast) {
+    layout.addRule();
+    layout.addText(Keep::roast, TextStyle::plain, *panel.roast);
+  }
+  layout.addSpace();
+  addFooter(layout, panel.footer);
+  if (panel.status) layout.addText(Keep::status, TextStyle::dim, *panel.status);
+  if (!screen.keys.empty()) layout.addRule();
+  layout.addKeys(screen.keys);
+  return std::move(layout).fitted();
+}
+
+std::vector<std::string> wrapped(std::string_view text, std::size_t columns, const UserText& userText) {
+  const std::string safe = printable(text);
+  std::vector<std::string> lines{""};
+  std::size_t used = 0;
+  const auto place = [&](std::string_view piece, std::size_t needs) {
+    lines.back() += piece;
+    used += needs;
+  };
+  std::string_view rest = safe;
+  while (!rest.empty()) {
+    const std::string_view word = rest.substr(0, rest.find(' '));
+    rest.remove_prefix(std::min(word.size() + 1, rest.size()));
+    const std::size_t needs = userText.columns(word);
+    if (used > 0 && used + 1 + needs <= columns)
+      place(" ", 1);
+    else if (used > 0) {
+      lines.emplace_back();
+      used = 0;
+    }
+    if (used + needs <= columns) {
+      place(word, needs);
+      continue;
+    }
+    for (std::string_view left = word; !left.empty();) {
+      const std::string character = userText.firstCharacters(left, 1);
+      const std::size_t width = userText.columns(character);
+      if (used > 0 && used + width > columns) {
+        lines.emplace_back();
+        used = 0;
+      }
+      place(character, width);
+      left.remove_prefix(character.size());
+    }
+  }
+  return lines;
+}
+
+}  // namespace quibbly
