@@ -10,6 +10,7 @@
 #include "engine/placeholder_roast_engine.h"
 #include "machine/machine.h"
 #include "platform/linux/standard_streams.h"
+#include "run_application.h"
 #include "shared/recent_roasts.h"
 
 namespace {
@@ -29,12 +30,14 @@ std::expected<std::string, Complaint> outputOf(const CommandLine& request) {
   return MachineCommands(machine.monitor(), engine, recentRoasts).run(request);
 }
 
-int run(std::span<const char* const> words) {
-  const auto request = parseCommandLine(words);
+int run(int argc, char** argv) {
+  const std::span<char*> all(argv, static_cast<std::size_t>(argc));
+  const auto request = parseCommandLine({all.begin() + std::min(argc, 1), all.end()});
   if (!request) {
     complain(request.error());
     return Complaint::badCommandLine;
   }
+  if (request->command == CommandLine::Command::run) return runApplication(argc, argv, *request);
   const auto output = outputOf(*request);
   if (!output) {
     complain(output.error().line);
@@ -48,8 +51,7 @@ int run(std::span<const char* const> words) {
 int main(int argc, char** argv) {
   prepareStandardStreams();
   try {
-    const std::span<char*> words(argv, static_cast<std::size_t>(argc));
-    return run({words.begin() + std::min(argc, 1), words.end()});
+    return run(argc, argv);
   } catch (const std::exception& error) {
     // Nothing of ours throws; what comes here is a machine without memory or threads.
     complain(error.what());

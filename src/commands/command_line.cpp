@@ -4,6 +4,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include "app/app_url.h"
 #include "commands/words.h"
 
 namespace quibbly {
@@ -43,6 +44,13 @@ void addPrefs(CLI::App& app, CommandLine& request) {
   prefs->callback([&request] { request.command = CommandLine::Command::prefs; });
 }
 
+CLI::Validator isOurs() {
+  return {[](const std::string& word) {
+            return AppURL::hasScheme(word) ? "" : "'" + word + "' is neither a command nor a quibbly: URL";
+          },
+          "", "quibbly URL"};
+}
+
 }  // namespace
 
 std::expected<CommandLine, std::string> parseCommandLine(std::span<const char* const> arguments) {
@@ -50,6 +58,9 @@ std::expected<CommandLine, std::string> parseCommandLine(std::span<const char* c
   CLI::App app("quibbly samples this computer and mocks its owner. Comedy, not diagnostics.", "quibbly");
   app.set_version_flag("--version", "quibbly " QUIBBLY_VERSION);
   app.require_subcommand(0, 1);
+  app.add_flag("--terminal", request.terminal, "Run in the terminal although there is a display")
+      ->disable_flag_override();
+  app.add_option("URL", request.urls, "Open these, here or in the quibbly that runs already")->check(isOurs());
   const auto command = [&](const char* name, const char* description, CommandLine::Command meaning) {
     CLI::App* const word = app.add_subcommand(name, description);
     word->add_flag("--json", request.json, "Print one JSON object")->disable_flag_override();
@@ -62,9 +73,10 @@ std::expected<CommandLine, std::string> parseCommandLine(std::span<const char* c
 
   auto text = readWords(app, arguments);
   if (!text) return std::unexpected(std::move(text.error()));
-  if (text->empty() && app.get_subcommands().empty()) {
-    return std::unexpected("no command given; say 'quibbly roast' or 'quibbly sample'");
+  if (request.command != CommandLine::Command::run && (request.terminal || !request.urls.empty())) {
+    return std::unexpected("--terminal and URLs do not go with a command; leave out the one or the other");
   }
+  if (!text->empty()) request.command = CommandLine::Command::showText;
   request.text = std::move(*text);
   return request;
 }

@@ -3,6 +3,7 @@
 #include <expected>
 #include <span>
 #include <string>
+#include <vector>
 
 #include "commands/prefs_command.h"
 
@@ -10,9 +11,13 @@ namespace quibbly {
 
 /// What a call of the program asks for.
 struct CommandLine {
-  enum class Command { roast, sample, prefs, showText };
+  enum class Command { run, roast, sample, prefs, showText };
 
-  Command command = Command::showText;
+  Command command = Command::run;
+  /// For `run`: use the terminal although there is a display.
+  bool terminal = false;
+  /// For `run`: what to open.
+  std::vector<std::string> urls;
   /// Print one JSON object in place of text.
   bool json = false;
   PrefsRequest prefs;

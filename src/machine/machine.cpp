@@ -1,16 +1,17 @@
 #include "machine/machine.h"
 
-#include <cstdlib>
 #include <filesystem>
 #include <optional>
 #include <string>
 #include <unistd.h>
 #include <vector>
 
+#include "machine/environment.h"
 #include "platform/first_known_low_power_mode.h"
 #include "platform/linux/application_scopes.h"
 #include "platform/linux/boot_clock_uptime.h"
 #include "platform/linux/desktop_entries.h"
+#include "platform/linux/icu_user_calendar.h"
 #include "platform/linux/icu_user_text.h"
 #include "platform/linux/kernel_random.h"
 #include "platform/linux/meminfo.h"
@@ -35,16 +36,6 @@ namespace {
 
 constexpr const char* root = "/";
 
-std::string environment(const char* name) {
-  const char* const value = std::getenv(name);
-  return value ? value : "";
-}
-
-std::filesystem::path preferenceDirectory() {
-  const std::filesystem::path configHome = environment("XDG_CONFIG_HOME");
-  return (configHome.is_absolute() ? configHome : homeDirectory() / ".config") / "quibbly";
-}
-
 /// Where to ask for applications, most telling first.
 std::vector<SessionApplications::Service> mostTelling(RunningApplications& windows, RunningApplications& scopes) {
   const std::string waylandDisplay = environment("WAYLAND_DISPLAY");
@@ -60,6 +51,8 @@ struct Machine::Services {
   KernelRandom random;
   PosixFileSystem files;
   IcuUserText userText;
+  IcuUserCalendar calendar{
+      dateLocale({.lcAll = environment("LC_ALL"), .lcTime = environment("LC_TIME"), .lang = environment("LANG")})};
   XdgSharedContainer container{environment("XDG_DATA_HOME"), homeDirectory()};
   SqlitePreferenceStore preferences{preferenceDirectory() / "preferences.db"};
   SqlitePreferenceStore groupPreferences{preferenceDirectory() / "group.org.quibbly.db"};
@@ -101,5 +94,6 @@ PreferenceStore& Machine::preferences() { return services_->preferences; }
 PreferenceStore& Machine::groupPreferences() { return services_->groupPreferences; }
 const SharedContainer& Machine::container() const { return services_->container; }
 const UserText& Machine::userText() const { return services_->userText; }
+const UserCalendar& Machine::calendar() const { return services_->calendar; }
 
 }  // namespace quibbly

@@ -7,6 +7,7 @@
 #include "platform/preference_store.h"
 #include "platform/secure_random.h"
 #include "platform/shared_container.h"
+#include "platform/user_calendar.h"
 #include "platform/user_text.h"
 #include "platform/wall_clock.h"
 
@@ -28,6 +29,7 @@ class Machine {
   [[nodiscard]] FileSystem& files();
   [[nodiscard]] const SharedContainer& container() const;
   [[nodiscard]] const UserText& userText() const;
+  [[nodiscard]] const UserCalendar& calendar() const;
   /// The application's own.
   [[nodiscard]] PreferenceStore& preferences();
   /// Those that widgets read.

@@ -1,19 +1,41 @@
 #include "machine/session.h"
 
+#include <filesystem>
+
+#include "machine/environment.h"
 #include "platform/linux/dbus_cross_process_center.h"
+#include "platform/linux/dbus_notification_center.h"
+#include "platform/linux/dbus_single_instance.h"
 #include "platform/linux/dbus_widget_center.h"
+#include "platform/linux/desktop_workspace.h"
+#include "platform/linux/lock_file.h"
 #include "platform/linux/session_bus.h"
 
 namespace quibbly {
 
 using namespace linux_services;
 
-struct Session::Services {
-  explicit Services(MainQueue& queue) : bus(queue) {}
+namespace {
 
-  SessionBus bus;
+/// Of the user, whatever the session: all sessions of a user share what quibbly stores.
+std::filesystem::path lockPath() {
+  const std::filesystem::path runtime = environment("XDG_RUNTIME_DIR");
+  return runtime.is_absolute() ? runtime / "quibbly.lock" : preferenceDirectory() / "lock";
+}
+
+}  // namespace
+
+struct Session::Services {
+  explicit Services(MainQueue& mainQueue) : queue(mainQueue) {}
+
+  MainQueue& queue;
+  SessionBus bus{queue};
   DBusWidgetCenter widgets{bus};
   DBusCrossProcessCenter crossProcess{bus};
+  DBusNotificationCenter notifications{queue, bus, environment("PATH")};
+  LockFile lock{lockPath()};
+  DBusSingleInstance instance{queue, bus, lock};
+  DesktopWorkspace workspace{environment("XDG_CURRENT_DESKTOP"), environment("PATH")};
 };
 
 Session::Session(MainQueue& queue) : services_(std::make_unique<Services>(queue)) {}
@@ -21,5 +43,8 @@ Session::~Session() = default;
 
 WidgetCenter& Session::widgets() { return services_->widgets; }
 CrossProcessCenter& Session::crossProcess() { return services_->crossProcess; }
+NotificationCenter& Session::notifications() { return services_->notifications; }
+SingleInstance& Session::instance() { return services_->instance; }
+Workspace& Session::workspace() { return services_->workspace; }
 
 }  // namespace quibbly

@@ -4,7 +4,10 @@
 
 #include "platform/cross_process_center.h"
 #include "platform/main_queue.h"
+#include "platform/notification_center.h"
+#include "platform/single_instance.h"
 #include "platform/widget_center.h"
+#include "platform/workspace.h"
 
 namespace quibbly {
 
@@ -19,6 +22,9 @@ class Session {
 
   [[nodiscard]] WidgetCenter& widgets();
   [[nodiscard]] CrossProcessCenter& crossProcess();
+  [[nodiscard]] NotificationCenter& notifications();
+  [[nodiscard]] SingleInstance& instance();
+  [[nodiscard]] Workspace& workspace();
 
  private:
   struct Services;

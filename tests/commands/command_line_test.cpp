@@ -19,6 +19,9 @@ TEST(CommandLineTest, understands_its_commands) {
   EXPECT_EQ(parseCommandLine(Words{"roast"}), (CommandLine{.command = roast, .json = false, .text = {}}));
   EXPECT_EQ(parseCommandLine(Words{"roast", "--json"}), (CommandLine{.command = roast, .json = true, .text = {}}));
   EXPECT_EQ(parseCommandLine(Words{"sample", "--json"}), (CommandLine{.command = sample, .json = true, .text = {}}));
+  EXPECT_EQ(parseCommandLine(Words{}), (CommandLine{.command = run}));
+  EXPECT_EQ(parseCommandLine(Words{"--terminal", "quibbly://roast", "Quibbly:x"}),
+            (CommandLine{.command = run, .terminal = true, .urls = {"quibbly://roast", "Quibbly:x"}}));
 }
 
 TEST(CommandLineTest, shows_its_version_and_its_help) {
@@ -35,7 +38,8 @@ TEST(CommandLineTest, bad_words_get_one_line_that_names_them) {
                                                  {{"roast", "sample"}, "sample"},
                                                  {{"roast", "--json=maybe"}, "json"},
                                                  {{"bad\n\x1b[31mword"}, "word"},
-                                                 {{}, "quibbly roast"},
+                                                 {{"https://roast"}, "https://roast"},
+                                                 {{"quibbly://roast", "roast"}, "URLs"},
                                                  {{""}, "--help"}};
   for (const auto& [words, named] : cases) {
     const auto parsed = parseCommandLine(words);

@@ -83,7 +83,7 @@ TEST_F(Program, prints_a_roast_and_a_sample_as_json) {
 }
 
 TEST_F(Program, says_in_one_line_what_is_wrong_with_its_words) {
-  for (const char* words : {"", "rost"}) {
+  for (const char* words : {"rost", "quibbly://roast roast"}) {
     const Outcome outcome = sh(std::string("quibbly ") + words);
     EXPECT_EQ(outcome.status, 2) << words;
     EXPECT_EQ(outcome.output, "") << words;

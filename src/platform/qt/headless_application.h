@@ -1,0 +1,26 @@
+#pragma once
+
+#include "platform/application.h"
+#include "platform/main_queue.h"
+
+namespace quibbly::qt_services {
+
+/// A program without windows: never in front, with nothing to hide. Which policy it was given is kept and changes nothing.
+class HeadlessApplication final : public Application {
+ public:
+  explicit HeadlessApplication(MainQueue& queue) : queue_(queue) {}
+
+  void setActivationPolicy(ActivationPolicy policy) override { policy_ = policy; }
+  [[nodiscard]] ActivationPolicy activationPolicy() const override { return policy_; }
+  void activate(bool /*ignoringOtherApps*/) override {}
+  [[nodiscard]] bool isActive() const override { return false; }
+  void hide() override {}
+  void unhide() override {}
+  void terminate() override;
+
+ private:
+  MainQueue& queue_;
+  ActivationPolicy policy_ = ActivationPolicy::regular;
+};
+
+}  // namespace quibbly::qt_services

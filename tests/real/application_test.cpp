@@ -1,0 +1,208 @@
+// The built application on a bus with a notification server, as a user's session has them.
+
+#include <chrono>
+#include <csignal>
+#include <cstdlib>
+#include <fstream>
+#include <pty.h>
+#include <sstream>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "fakes/manual_queue.h"
+#include "fakes/notification_server.h"
+#include "fakes/private_bus.h"
+#include "fakes/published_home.h"
+#include "platform/linux/dbus_cross_process_center.h"
+#include "shared/pending_notify_queue.h"
+#include "shared/roast_request_queue.h"
+
+namespace quibbly {
+namespace {
+
+using namespace std::chrono_literals;
+using linux_services::SessionBus;
+using ::testing::HasSubstr;
+using ::testing::StartsWith;
+
+std::string contentOf(const std::filesystem::path& file) {
+  std::ostringstream content;
+  content << std::ifstream(file).rdbuf();
+  return content.str();
+}
+
+/// A program that the test started, killed with it unless it ended.
+class Process {
+ public:
+  explicit Process(pid_t pid) : pid_(pid) {}
+  Process(const Process&) = delete;
+  Process& operator=(const Process&) = delete;
+  ~Process() {
+    if (pid_ > 0) end(SIGKILL);
+  }
+
+  /// Waits for its end; the exit status, or the signal's number below zero.
+  int wait() {
+    int status = 0;
+    ::waitpid(std::exchange(pid_, 0), &status, 0);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
+  }
+  int end(int signal) {
+    ::kill(pid_, signal);
+    return wait();
+  }
+
+ private:
+  pid_t pid_;
+};
+
+/// A session of its own: a home that was used before, a bus, a desktop with notifications.
+class Application : public ::testing::Test {
+ protected:
+  Application() {
+    home_.store.publish(LastRoast{.text = "Published before."}, {});
+    for (const auto& [name, value] : {std::pair{"XDG_DATA_HOME", path("data")},
+                                      {"XDG_CONFIG_HOME", path("config")},
+                                      {"XDG_RUNTIME_DIR", tree_.root().string()},
+                                      {"DBUS_SESSION_BUS_ADDRESS", daemon_.address()},
+                                      {"LC_ALL", std::string("en_GB.UTF-8")},
+                                      {"TZ", std::string("Europe/London")},
+                                      {"TERM", std::string("xterm")}}) {
+      ::setenv(name, value.c_str(), 1);
+    }
+    ::unsetenv("DISPLAY");
+  }
+
+  [[nodiscard]] std::string path(const char* name) const { return (tree_.root() / name).string(); }
+  [[nodiscard]] std::string output() const { return contentOf(tree_.root() / "output"); }
+
+  pid_t start(const std::string& words, const std::string& to = "") {
+    const std::string command =
+        "exec '" QUIBBLY_PROGRAM "' " + words + " >>" + path("output") + " 2>&1 </dev/null " + to;
+    const pid_t child = ::fork();
+    if (child == 0) {
+      ::execl("/bin/sh", "sh", "-c", command.c_str(), nullptr);
+      ::_exit(127);
+    }
+    return child;
+  }
+  int run(const std::string& words, const std::string& to = "") { return Process(start(words, to)).wait(); }
+
+  /// Lets the desktop work until something holds.
+  bool until(const std::function<bool()>& holds) {
+    return queue_.until([&] {
+      server_.serve();
+      return holds();
+    });
+  }
+  bool untilSaid(const std::string& text) {
+    const bool said = until([&] { return output().find(text) != std::string::npos; });
+    EXPECT_TRUE(said) << text << "\n" << output();
+    return said;
+  }
+
+  fakes::FileTree tree_;
+  fakes::PrivateBus daemon_;
+  fakes::PublishedHome home_{tree_.root()};
+  fakes::NotificationServer server_{daemon_.address()};
+  fakes::ManualQueue queue_;
+};
+
+TEST_F(Application, answers_widgets_and_urls_within_the_limits_and_goes_on_after_a_crash) {
+  ASSERT_EQ(run("prefs dailyRoastLimit 1 --int"), 0);
+  auto application = std::make_unique<Process>(start(""));
+  ASSERT_TRUE(untilSaid("Notify budget: 0/1 today"));
+
+  SessionBus bus(queue_, daemon_.address());
+  linux_services::DBusCrossProcessCenter center(bus);
+  PendingNotifyQueue(home_.storage, home_.files, center, home_.clock).enqueue("A title", "From <a> widget", "ram");
+  ASSERT_TRUE(untilSaid("Desktop toast + notification (1/1 today)."));
+  ASSERT_EQ(server_.onScreen.size(), 1U);
+  EXPECT_EQ(server_.onScreen[0].summary, "A title");
+  EXPECT_EQ(server_.onScreen[0].body, "From &lt;a&gt; widget");
+  EXPECT_EQ(server_.onScreen[0].hints["category"], "device");
+
+  ASSERT_FALSE(
+      home_.storage.write(RoastRequest{.createdAt = home_.clock.now(), .source = "test"}, "roastRequest.json"));
+  center.post(RoastRequestQueue::darwinName);
+  ASSERT_TRUE(untilSaid("Daily roast limit reached (1/1)."));
+
+  ASSERT_EQ(run("prefs dailyRoastLimit 2 --int"), 0);
+  EXPECT_EQ(run("quibbly://roast"), 0);
+  ASSERT_TRUE(untilSaid("Desktop toast + notification (2/2 today)."));
+  ASSERT_EQ(server_.onScreen.size(), 2U);
+  EXPECT_EQ(server_.onScreen[1].summary, "Your Mac would like a word");
+  EXPECT_EQ(server_.onScreen[1].body, home_.store.lastRoast()->text);
+
+  ASSERT_EQ(run("prefs pauseRoastsUntil 4102444800 --double"), 0);
+  EXPECT_EQ(run("quibbly://roast"), 0);
+  ASSERT_TRUE(untilSaid("Paused until 1 Jan 2100, 00:00"));
+
+  EXPECT_EQ(run(""), 0);
+  EXPECT_THAT(output(), HasSubstr("quibbly is running already"));
+  application->end(SIGKILL);
+  application = std::make_unique<Process>(start(""));
+  EXPECT_TRUE(untilSaid("Notify budget: 2/2 today"));
+  const auto told = std::chrono::steady_clock::now();
+  EXPECT_EQ(application->end(SIGTERM), 0);
+  EXPECT_LT(std::chrono::steady_clock::now() - told, 1s);
+}
+
+TEST_F(Application, without_a_bus_runs_alone_and_keeps_the_second_out) {
+  ::setenv("DBUS_SESSION_BUS_ADDRESS", "disabled:", 1);
+  Process application(start(""));
+  ASSERT_TRUE(untilSaid("Mac Mood: "));
+  EXPECT_EQ(run(""), 1);
+  EXPECT_THAT(output(), HasSubstr("quibbly: another quibbly is running"));
+  const PendingNotify pending{.title = "A title", .body = "body", .category = "ram", .createdAt = home_.clock.now()};
+  ASSERT_FALSE(home_.storage.write(pending, "pendingNotify.json"));
+  EXPECT_TRUE(untilSaid("Notifications denied. System Settings → Notifications → quibbly."));
+  EXPECT_EQ(application.end(SIGINT), 0);
+}
+
+TEST_F(Application, says_that_nobody_can_read_its_output) {
+  EXPECT_EQ(run("", ">/dev/full"), 1);
+  EXPECT_THAT(output(), StartsWith("quibbly: cannot write to standard output"));
+}
+
+TEST_F(Application, is_used_by_keys_on_a_terminal) {
+  int user = -1;
+  const pid_t child = ::forkpty(&user, nullptr, nullptr, nullptr);
+  if (child == 0) {
+    ::execl(QUIBBLY_PROGRAM, QUIBBLY_PROGRAM, "--terminal", nullptr);
+    ::_exit(127);
+  }
+  Process application(child);
+  std::string screen;
+  const auto see = [&](const std::string& text) {
+    screen.clear();
+    return until([&] {
+      char bytes[4096];
+      pollfd asked{.fd = user, .events = POLLIN, .revents = 0};
+      if (::poll(&asked, 1, 0) > 0) {
+        const ssize_t got = ::read(user, bytes, sizeof bytes);
+        if (got > 0) screen.append(bytes, static_cast<std::size_t>(got));
+      }
+      return screen.find(text) != std::string::npos;
+    });
+  };
+  const auto type = [&](char key) { EXPECT_EQ(::write(user, &key, 1), 1); };
+  EXPECT_TRUE(see("Notify budget: 0/3 today"));
+  type('p');
+  EXPECT_TRUE(see("Paused until "));
+  type('u');
+  EXPECT_TRUE(see("Roasts resumed."));
+  type('c');
+  EXPECT_TRUE(see("Copied."));
+  type('q');
+  EXPECT_TRUE(see("\x1b[?1049l"));
+  EXPECT_EQ(application.wait(), 0);
+  ::close(user);
+}
+
+}  // namespace
+}  // namespace quibbly
