@@ -1,15 +1,14 @@
 #include <array>
 #include <cstdlib>
-#include <dirent.h>
 #include <fcntl.h>
 #include <future>
 #include <sys/resource.h>
-#include <sys/statvfs.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <benchmark/benchmark.h>
 
+#include "bare_reads.h"
 #include "comparison.h"
 #include "machine/machine.h"
 
@@ -20,32 +19,8 @@ using namespace std::chrono_literals;
 
 constexpr int repetitions = 5;
 
-void readWhole(const char* path) {
-  std::array<char, 8192> buffer;
-  const int file = ::open(path, O_RDONLY | O_CLOEXEC);
-  if (file < 0) return;
-  while (::read(file, buffer.data(), buffer.size()) > 0) {
-  }
-  ::close(file);
-}
-
-void list(const char* path) {
-  DIR* const directory = ::opendir(path);
-  if (!directory) return;
-  while (::readdir(directory)) {
-  }
-  ::closedir(directory);
-}
-
-/// The floor of any sample without a display: the bare system calls.
 void bareReads(benchmark::State& state) {
-  struct statvfs volume;
-  for (auto _ : state) {
-    readWhole("/proc/stat");
-    readWhole("/proc/meminfo");
-    benchmark::DoNotOptimize(::statvfs("/root", &volume));
-    for (const char* path : {"/sys/class/power_supply", "/sys/class/hwmon", "/sys/class/thermal"}) list(path);
-  }
+  for (auto _ : state) benchmark::DoNotOptimize(readSample());
 }
 BENCHMARK(bareReads)->Repetitions(repetitions);
 

@@ -35,42 +35,52 @@ class FastestRun : public benchmark::BenchmarkReporter {
         failed_ = true;
         continue;
       }
-      const double nanoseconds = run.GetAdjustedRealTime();
-      const auto [place, isNew] = nanoseconds_.try_emplace(run.run_name.function_name, nanoseconds);
-      if (!isNew) place->second = std::min(place->second, nanoseconds);
+      keep(run.run_name.function_name, run.GetAdjustedRealTime());
+      for (const auto& [name, counter] : run.counters) keep(name, counter.value);
     }
   }
-  /// Absent for a benchmark that did not run.
-  [[nodiscard]] std::optional<double> nanoseconds(const std::string& name) const {
-    const auto found = nanoseconds_.find(name);
-    return found == nanoseconds_.end() ? std::nullopt : std::optional(found->second);
+  /// Nanoseconds, or a counter's value; absent for a benchmark that did not run.
+  [[nodiscard]] std::optional<double> figure(const std::string& name) const {
+    const auto found = figures_.find(name);
+    return found == figures_.end() ? std::nullopt : std::optional(found->second);
   }
   [[nodiscard]] bool failed() const { return failed_; }
 
  private:
-  std::map<std::string, double> nanoseconds_;
+  void keep(const std::string& name, double figure) {
+    const auto [place, isNew] = figures_.try_emplace(name, figure);
+    if (!isNew) place->second = std::min(place->second, figure);
+  }
+
+  std::map<std::string, double> figures_;
   bool failed_ = false;
 };
 
 /// Prints one line; false when the bound is passed or could not be checked.
 bool check(const FastestRun& fastest, const Bound& bound) {
-  const bool isRatio = !bound.baseline.empty();
-  const auto ours = fastest.nanoseconds(bound.measured);
-  const auto theirs = isRatio ? fastest.nanoseconds(bound.baseline) : std::optional(1000.0);  // a limit is shown in us
+  using Kind = Bound::Kind;
+  const bool isRatio = bound.kind == Kind::ratio;
+  const auto ours = fastest.figure(bound.measured);
+  const auto theirs = isRatio ? fastest.figure(bound.baseline) : std::optional(1.0);
   if (!ours || !theirs) {
-    std::printf("%-16s %12s   %-18s\n", bound.measured.c_str(), "not run", bound.baseline.c_str());
+    std::printf("%-18s %12s   %-18s\n", bound.measured.c_str(), "not run", bound.baseline.c_str());
     return false;
   }
-  const double atMost = isRatio ? bound.atMost : bound.atMost / 1000;
-  const double figure = *ours / *theirs;
-  std::printf("%-16s %12.2f   %-18s %10.2f %12.3f %12.3f%s\n", bound.measured.c_str(), *ours / 1000,
-              isRatio ? bound.baseline.c_str() : "(a time, us)", *theirs / 1000, figure, atMost,
-              figure <= atMost ? "" : "  OVER");
+  const double shown = bound.kind == Kind::count ? 1 : 1000;  // times are shown in microseconds
+  const double figure = isRatio ? *ours / *theirs : *ours / shown;
+  const double atMost = isRatio ? bound.atMost : bound.atMost / shown;
+  std::printf("%-18s %12.2f   ", bound.measured.c_str(), *ours / shown);
+  if (isRatio) {
+    std::printf("%-18s %12.2f", bound.baseline.c_str(), *theirs / shown);
+  } else {
+    std::printf("%-18s %12s", bound.kind == Kind::count ? "(a count)" : "(a time, us)", "");
+  }
+  std::printf(" %12.3f %12.3f%s\n", figure, atMost, figure <= atMost ? "" : "  OVER");
   return figure <= atMost;
 }
 
 bool report(const FastestRun& fastest) {
-  std::printf("%-16s %12s   %-18s %10s %12s %12s\n", "measured", "us", "baseline", "us", "ratio", "at most");
+  std::printf("%-18s %12s   %-18s %12s %12s %12s\n", "measured", "us", "baseline", "us", "figure", "at most");
   bool allWithin = !fastest.failed();
   for (const Bound& bound : bounds()) allWithin = check(fastest, bound) && allWithin;
   return allWithin;
@@ -83,7 +93,9 @@ int main(int argc, char** argv) {
   ::unsetenv("DISPLAY");  // samples are measured without one
   const auto container = std::filesystem::temp_directory_path() / ("quibbly-bench." + std::to_string(::getpid()));
   // A benchmark says nothing that the user would not hear again, and touches no preferences.
-  for (const char* home : {"XDG_DATA_HOME", "XDG_CONFIG_HOME"}) ::setenv(home, container.c_str(), 1);
+  for (const char* home : {"XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_RUNTIME_DIR"}) {
+    ::setenv(home, container.c_str(), 1);
+  }
   // What disturbs the machine for a second shall disturb a figure and its baseline alike.
   std::vector<char*> words(argv, argv + argc);
   std::string interleave = "--benchmark_enable_random_interleaving=true";
