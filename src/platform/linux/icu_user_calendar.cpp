@@ -1,5 +1,10 @@
 #include "platform/linux/icu_user_calendar.h"
 
+#include <array>
+#include <cstdio>
+#include <cstdlib>
+#include <ctime>
+#include <filesystem>
 #include <memory>
 #include <string_view>
 
@@ -60,6 +65,42 @@ std::string utf8(const icu::UnicodeString& text) {
   return text.toUTF8String(converted);
 }
 
+/// A zone's file has its name: "/usr/share/zoneinfo/Europe/Lisbon". Others are links to one.
+std::string zoneOfFile(std::string_view path) {
+  constexpr std::string_view zones = "/zoneinfo/";
+  std::error_code missing;
+  const std::string file = std::filesystem::canonical(path, missing).string();
+  const auto found = file.rfind(zones);
+  if (missing || found == std::string::npos) return "UTC";
+  std::string_view name = std::string_view(file).substr(found + zones.size());
+  for (const std::string_view kind : {"posix/", "right/"}) {
+    if (name.starts_with(kind)) name.remove_prefix(kind.size());
+  }
+  return std::string(name);
+}
+
+bool isKnownZone(std::string_view zone) {
+  const auto name = icu::UnicodeString::fromUTF8(zone);
+  UErrorCode status = U_ZERO_ERROR;
+  UBool isSystemZone = 0;
+  std::array<char16_t, 128> canonical{};
+  ucal_getCanonicalTimeZoneID(name.getBuffer(), name.length(), canonical.data(), canonical.size(), &isSystemZone,
+                              &status);
+  return U_SUCCESS(status) != 0;
+}
+
+std::string distanceToUtc() {
+  const std::time_t now = std::time(nullptr);
+  std::tm local{};
+  ::tzset();
+  ::localtime_r(&now, &local);
+  const long minutes = std::labs(local.tm_gmtoff) / 60;
+  std::array<char, 32> text{};
+  (void)std::snprintf(text.data(), text.size(), "GMT%c%02ld:%02ld", local.tm_gmtoff < 0 ? '-' : '+', minutes / 60,
+                      minutes % 60);
+  return text.data();
+}
+
 int field(const Calendar& calendar, UCalendarDateFields which) {
   UErrorCode status = U_ZERO_ERROR;
   return ucal_get(calendar.get(), which, &status);
@@ -108,6 +149,13 @@ std::string IcuUserCalendar::dateAndTime(Moment moment) const {
   }));
 }
 
-std::string IcuUserCalendar::hostZone() { return utf8(textFrom(ucal_getHostTimeZone)); }
+std::string IcuUserCalendar::hostZone() {
+  const char* const set = std::getenv("TZ");
+  std::string_view name = set != nullptr ? set : "";
+  if (name.empty()) return utf8(textFrom(ucal_getHostTimeZone));
+  if (name.starts_with(':')) name.remove_prefix(1);
+  if (name.starts_with('/')) return zoneOfFile(name);
+  return isKnownZone(name) ? std::string(name) : distanceToUtc();
+}
 
 }  // namespace quibbly::linux_services

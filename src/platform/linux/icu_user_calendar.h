@@ -18,10 +18,10 @@ struct DateLocaleNames {
 /// The locale of dates, in ICU's words; `en_US_POSIX` when none is set.
 [[nodiscard]] std::string dateLocale(const DateLocaleNames& names);
 
-/// Days and dates by the rules that ICU knows for a locale. In a time zone that ICU does not know, days are those of UTC.
+/// Days and dates by the rules that ICU knows for a locale.
 class IcuUserCalendar final : public UserCalendar {
  public:
-  /// Gives the name of the user's time zone, as in "Europe/Lisbon".
+  /// Gives the name of the user's time zone, as in "Europe/Lisbon". By one that ICU does not know, days are those of UTC.
   using Zone = std::function<std::string()>;
 
   explicit IcuUserCalendar(std::string locale, Zone zone = hostZone)
@@ -31,7 +31,8 @@ class IcuUserCalendar final : public UserCalendar {
   [[nodiscard]] Moment startOfDay(Moment moment) const override;
   [[nodiscard]] std::string dateAndTime(Moment moment) const override;
 
-  /// That of `TZ`, else of the machine, as it is now.
+  /// That of `TZ`, else of the machine, as it is now. Rules without a name give the distance to UTC that they have now,
+  /// as in "GMT+03:30".
   [[nodiscard]] static std::string hostZone();
 
  private:

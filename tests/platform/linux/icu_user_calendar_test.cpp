@@ -33,9 +33,15 @@ TEST(UserCalendar, writes_english_when_nobody_says_otherwise) {
 TEST(UserCalendar, follows_a_time_zone_that_changes_while_it_runs) {
   const IcuUserCalendar calendar("en_GB");
   const auto moment = std::chrono::sys_days{std::chrono::year{2026} / 11 / 17} + 30min;
-  for (const auto& [zone, day] : {std::pair{"Europe/London", 17}, {"America/New_York", 16}, {"Asia/Tokyo", 17}}) {
+  const std::pair<const char*, const char*> cases[] = {{"Europe/London", "17 Nov 2026, 00:30"},
+                                                       {":America/New_York", "16 Nov 2026, 19:30"},
+                                                       {"/usr/share/zoneinfo/Asia/Tokyo", "17 Nov 2026, 09:30"},
+                                                       {"<+0330>-3:30", "17 Nov 2026, 04:00"},
+                                                       {"XST5", "16 Nov 2026, 19:30"},
+                                                       {"/no/such/zone", "17 Nov 2026, 00:30"}};
+  for (const auto& [zone, text] : cases) {
     ::setenv("TZ", zone, 1);
-    EXPECT_EQ(calendar.day(moment).day, day) << zone;
+    EXPECT_EQ(calendar.dateAndTime(moment), text) << zone;
   }
   ::unsetenv("TZ");
 }
