@@ -5,6 +5,7 @@
 #include "machine/session.h"
 #include "notify/desktop_banner.h"
 #include "notify/notification_manager.h"
+#include "platform/kept_preferences.h"
 
 namespace quibbly {
 
@@ -17,7 +18,8 @@ struct ApplicationCore {
   };
 
   ApplicationCore(Machine& machine, Session& session, MainQueue& queue, const Face& face)
-      : storage(machine.container(), machine.files(), machine.random()),
+      : preferences(machine.preferences()),
+        storage(machine.container(), machine.files(), machine.random()),
         recentRoasts(storage),
         store(storage, machine.groupPreferences(), machine.clock(), machine.random(), machine.userText()),
         engine(machine.clock(), machine.random()),
@@ -32,7 +34,7 @@ struct ApplicationCore {
              .calendar = machine.calendar(),
              .monitor = machine.monitor(),
              .engine = engine,
-             .defaults = machine.preferences(),
+             .defaults = preferences,
              .storage = storage,
              .recentRoasts = recentRoasts,
              .store = store,
@@ -43,6 +45,7 @@ struct ApplicationCore {
              .application = face.application,
              .pasteboard = face.pasteboard}) {}
 
+  KeptPreferences preferences;
   SharedStorage storage;
   RecentRoasts recentRoasts;
   AppGroupStore store;

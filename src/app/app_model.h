@@ -39,7 +39,7 @@ class AppModel : public std::enable_shared_from_this<AppModel> {
     const UserCalendar& calendar;
     SnapshotSource& monitor;
     const PlaceholderRoastEngine& engine;
-    /// The application's own preferences.
+    /// The application's own preferences. What is set holds until the program ends, stored or not.
     PreferenceStore& defaults;
     const SharedStorage& storage;
     const RecentRoasts& recentRoasts;
@@ -63,6 +63,8 @@ class AppModel : public std::enable_shared_from_this<AppModel> {
   Observers observers_;  // before the fields, which tell it
 
  public:
+  // Writing one tells the observers; that is all that setters would add.
+  // NOLINTBEGIN(cppcoreguidelines-non-private-member-variables-in-classes)
   Observed<std::optional<SystemSnapshot>> latestSnapshot{observers_};
   Observed<MacMood> mood{observers_, MacMood{.score = 10.0, .label = MacMood::Label::proud}};
   Observed<std::optional<LastRoast>> lastRoast{observers_};
@@ -76,6 +78,7 @@ class AppModel : public std::enable_shared_from_this<AppModel> {
   Observed<std::int64_t> dailyRoastLimit{observers_, 3};
   Observed<std::int64_t> roastsSentToday{observers_, 0};
   Observed<bool> hideFromDock{observers_, false};
+  // NOLINTEND(cppcoreguidelines-non-private-member-variables-in-classes)
 
   [[nodiscard]] Observers::Token observe(Observers::Handler handler) { return observers_.add(std::move(handler)); }
   [[nodiscard]] MainQueue& queue() const { return services_.queue; }
@@ -121,7 +124,7 @@ class AppModel : public std::enable_shared_from_this<AppModel> {
   static Task<> requestLoop(std::weak_ptr<AppModel> weakModel);
   [[nodiscard]] Task<> startUpRefresh();
   [[nodiscard]] Task<SystemSnapshot> captureSnapshot();
-  void publishShared(const SystemSnapshot& snapshot, const MacMood& mood);
+  void publishShared(const SystemSnapshot& snapshot, const MacMood& scored);
   static Task<> holding(std::shared_ptr<AppModel> model, Task<> task);
   void launchHolding(Task<> task);
 

@@ -116,7 +116,6 @@ std::string AppModel::dayStamp(Date moment) const {
 
 std::int64_t AppModel::storedInteger(const char* key) { return services_.defaults.get<std::int64_t>(key).value_or(0); }
 
-/// What cannot be stored holds until the program ends.
 void AppModel::store(const char* key, PreferenceValue value) {
   [[maybe_unused]] const std::error_code forgotten = services_.defaults.set(key, std::move(value));
 }

@@ -134,6 +134,23 @@ TEST_F(Policy, tomorrow_begins_at_midnight_of_the_day_that_is_24_hours_away) {
   }
 }
 
+TEST_F(Policy, holds_without_a_place_to_store_it_and_is_stored_once_there_is_one) {
+  home_.preferences.takes = false;
+  home_.launchApp();
+  model().setDailyRoastLimit(1);
+  model().roastMeNow(true, true);
+  advance(reloads);
+  model().pauseRoasts(3600);
+  model().reloadPolicyFromDefaults();
+  EXPECT_EQ(model().dailyRoastLimit, 1);
+  EXPECT_EQ(model().roastsSentToday, 1);
+  EXPECT_TRUE(model().pauseStatusText());
+  home_.preferences.takes = true;
+  model().resumeRoasts();
+  EXPECT_EQ(storedInteger(preference_keys::dailyRoastLimit), 1);
+  EXPECT_EQ(storedInteger(preference_keys::roastDayCount), 1);
+}
+
 TEST_F(Policy, the_dock_follows_the_preference) {
   home_.launchApp();
   model().setHideFromDock(true);

@@ -14,6 +14,7 @@
 #include "fakes/group.h"
 #include "fakes/manual_queue.h"
 #include "fakes/memory_preference_store.h"
+#include "platform/kept_preferences.h"
 #include "platform/linux/icu_user_calendar.h"
 
 namespace quibbly::fakes {
@@ -59,6 +60,7 @@ struct ApplicationHome {
   FakeBannerScreen screen{queue};
   FakeSnapshotSource machine{queue};
   MemoryPreferenceStore preferences;
+  KeptPreferences kept{preferences};
   RecentRoasts recentRoasts{group.storage};
   PlaceholderRoastEngine engine{group.clock, group.random};
   WidgetReload widgets{widgetCenter, group.preferences};
@@ -72,7 +74,7 @@ struct ApplicationHome {
                               .calendar = calendar,
                               .monitor = machine,
                               .engine = engine,
-                              .defaults = preferences,
+                              .defaults = kept,
                               .storage = group.storage,
                               .recentRoasts = recentRoasts,
                               .store = group.store,
