@@ -66,7 +66,8 @@ std::string_view expectation(Type type) {
 
 Type lookOf(const std::string& text) {
   if (parsed<std::int64_t>(text)) return Type::integer;
-  return parsed<double>(text) ? Type::real : Type::text;
+  if (parsed<double>(text)) return Type::real;
+  return text == "true" || text == "false" ? Type::boolean : Type::text;
 }
 
 /// The type that a value has already; bytes are nothing that can be typed in.

@@ -45,6 +45,7 @@ TEST_F(Prefs, are_set_to_the_type_named_or_had_or_looked_like) {
       {{"int", "7", "--string"}, "int", std::string("7")},
       {{"flag", "yes", "--bool"}, "flag", std::int64_t{1}},
       {{"flag", "false", "--bool"}, "flag", std::int64_t{0}},
+      {{"new", "true"}, "new", std::int64_t{1}},
   };
   for (const auto& [words, key, value] : cases) {
     EXPECT_EQ(prefs(words), "") << key;
