@@ -137,7 +137,7 @@ class Run {
   }
 
   void act(const std::string& action) {
-    if (action == "RoastMe") application_->delegate().open({"quibbly://roast"});
+    if (application_ && action == "RoastMe") application_->delegate().open({"quibbly://roast"});
   }
 
   Machine machine_;

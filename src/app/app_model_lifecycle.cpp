@@ -104,8 +104,9 @@ Task<> AppModel::startUpRefresh() {
     co_await performRoast(false, false);
     co_return;
   }
-  if (const auto roast = services_.store.lastRoast(); roast && *latestSnapshot) {
-    services_.store.publish(*roast, WidgetSnapshot::from(**latestSnapshot, mood));
+  const std::optional<SystemSnapshot>& snapshot = latestSnapshot;
+  if (const auto roast = services_.store.lastRoast(); roast && snapshot) {
+    services_.store.publish(*roast, WidgetSnapshot::from(*snapshot, mood));
   }
   const auto published = services_.store.lastRoast();
   std::optional<std::string> preview;

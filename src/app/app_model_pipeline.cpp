@@ -102,9 +102,10 @@ Task<> AppModel::roastForURL() {
 }
 
 void AppModel::copyLastRoast() {
-  if (!*lastRoast) return;
+  const std::optional<LastRoast>& roast = lastRoast;
+  if (!roast) return;
   services_.pasteboard.clear();
-  services_.pasteboard.setText((*lastRoast)->text);
+  services_.pasteboard.setText(roast->text);
   statusMessage = "Copied.";
 }
 

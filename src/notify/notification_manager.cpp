@@ -140,7 +140,7 @@ Task<> NotificationManager::removal(NotificationCenter& center, std::weak_ptr<Re
 }
 
 PresentationOptions NotificationManager::willPresent(const NotificationRequest& /*request*/) {
-  return PresentationOptions::banner | PresentationOptions::list | PresentationOptions::sound;
+  return {.banner = true, .list = true, .sound = true};
 }
 
 Task<NotificationSettings> NotificationManager::settings() {

@@ -32,15 +32,16 @@ struct AuthorizationOptions {
   bool operator==(const AuthorizationOptions&) const = default;
 };
 
-/// How a notification shows itself. The bits are added up.
-enum class PresentationOptions : unsigned { none = 0, badge = 1, sound = 2, list = 8, banner = 16 };
+/// How a notification shows itself.
+struct PresentationOptions {
+  /// For a moment, over everything else.
+  bool banner = false;
+  /// Among those that were missed.
+  bool list = false;
+  bool sound = false;
 
-[[nodiscard]] constexpr PresentationOptions operator|(PresentationOptions a, PresentationOptions b) {
-  return static_cast<PresentationOptions>(static_cast<unsigned>(a) | static_cast<unsigned>(b));
-}
-[[nodiscard]] constexpr bool contains(PresentationOptions set, PresentationOptions option) {
-  return (static_cast<unsigned>(set) & static_cast<unsigned>(option)) != 0;
-}
+  bool operator==(const PresentationOptions&) const = default;
+};
 
 struct NotificationRequest {
   /// The program's own name for it, by which it is withdrawn.

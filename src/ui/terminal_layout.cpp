@@ -84,6 +84,7 @@ class Layout {
       }
     }
     std::vector<TerminalLine> lines;
+    lines.reserve(lines_.size());
     for (auto& [keep, line] : lines_) lines.push_back(cutToWidth(std::move(line)));
     return lines;
   }

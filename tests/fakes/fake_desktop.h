@@ -76,7 +76,7 @@ class FakeBannerScreen : public BannerScreen {
     Panel& operator=(const Panel&) = delete;
     ~Panel() override { std::erase(screen_.shown, toast_); }
 
-    void setFrame(const BannerFrame& frame) override { toast_->frame = frame; }
+    void setFrame(const BannerFrame& place) override { toast_->frame = place; }
     void orderFront() override { screen_.shown.push_back(toast_); }
     void orderOut() override { std::erase(screen_.shown, toast_); }
     void fadeOut(std::chrono::milliseconds duration, std::function<void()> completed) override {

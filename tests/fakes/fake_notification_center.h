@@ -26,7 +26,7 @@ class FakeNotificationCenter : public NotificationCenter {
   std::vector<std::string> categories;
   /// What is on the user's screen, oldest first, and how the last one was to be shown.
   std::vector<NotificationRequest> delivered;
-  PresentationOptions shownAs = PresentationOptions::none;
+  PresentationOptions shownAs;
   std::vector<std::string> removed;
 
   void setDelegate(NotificationCenterDelegate* delegate) override { delegate_ = delegate; }
@@ -54,9 +54,8 @@ class FakeNotificationCenter : public NotificationCenter {
 
  private:
   Added deliver(NotificationRequest request) {
-    using enum PresentationOptions;
-    shownAs = delegate_ ? delegate_->willPresent(request) : banner | list | sound;
-    if (!contains(shownAs, banner | list)) return {};
+    shownAs = delegate_ ? delegate_->willPresent(request) : PresentationOptions{true, true, true};
+    if (!shownAs.banner && !shownAs.list) return {};
     if (refusal) return std::unexpected(*refusal);
     delivered.push_back(std::move(request));
     return {};

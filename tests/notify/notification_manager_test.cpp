@@ -1,7 +1,5 @@
 #include "notify/notification_manager.h"
 
-#include <regex>
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -19,6 +17,7 @@ namespace {
 using namespace std::chrono_literals;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
+using ::testing::MatchesRegex;
 using Kind = NotificationPostError::Kind;
 
 class Notifications : public ::testing::Test {
@@ -68,8 +67,7 @@ TEST_F(Notifications, posts_one_complete_request_and_remembers_its_body) {
   EXPECT_EQ(post("Your RAM. "), "");
   ASSERT_EQ(center_.delivered.size(), 1U);
   NotificationRequest request = center_.delivered.front();
-  const std::regex identifier("roast-[0-9A-F]{8}(-[0-9A-F]{4}){3}-[0-9A-F]{12}");
-  EXPECT_TRUE(std::regex_match(request.identifier, identifier)) << request.identifier;
+  EXPECT_THAT(request.identifier, MatchesRegex("roast-[0-9A-F]{8}(-[0-9A-F]{4}){3}-[0-9A-F]{12}"));
   request.identifier.clear();
   EXPECT_EQ(request, (NotificationRequest{.identifier = "",
                                           .title = "Title",
@@ -80,7 +78,7 @@ TEST_F(Notifications, posts_one_complete_request_and_remembers_its_body) {
                                           .interruptionLevel = InterruptionLevel::active,
                                           .delay = std::nullopt}));
   EXPECT_THAT(center_.categories, ElementsAre("roast.category"));
-  EXPECT_EQ(static_cast<unsigned>(center_.shownAs), 26U);
+  EXPECT_EQ(center_.shownAs, (PresentationOptions{.banner = true, .list = true, .sound = true}));
   EXPECT_THAT(desktop_.calls, IsEmpty());
   RecentRoastHistory expected = RecentRoastHistory::empty.recording("said", "ram_1");
   expected.lastNotificationBody = "Your RAM. ";

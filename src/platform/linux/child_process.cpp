@@ -71,6 +71,7 @@ std::optional<ChildProcess> ChildProcess::start(std::vector<std::string> words, 
                                                 int output) {
   const SpawnSettings settings(output);
   std::vector<char*> arguments;
+  arguments.reserve(words.size() + 1);
   for (std::string& word : words) arguments.push_back(word.data());
   arguments.push_back(nullptr);
   for (const auto part : std::views::split(searchPath, ':')) {

@@ -46,16 +46,24 @@ BusMessage DBusNotificationCenter::newCall(const char* member) {
 }
 
 void DBusNotificationCenter::settings(std::function<void(NotificationSettings)> answer) {
-  bus_.call(newCall("GetServerInformation"), whileHere([this, answer = std::move(answer)](sd_bus_message* information) {
-              const Presence presence = notification_service::presence(information);
-              if (presence == Presence::absent) return answer({});
-              const auto mayPost = [answer](AlertSetting alerts) {
-                answer({.authorizationStatus = AuthorizationStatus::authorized, .alertSetting = alerts});
-              };
-              // A server that is only slow is no refusal. The next notification tells better what is wrong, in its own words.
-              if (presence == Presence::silent) return mayPost(AlertSetting::enabled);
-              askAlertSetting(queue_, bus_, searchPath_, nameIn(information), whileHere(mayPost));
-            }));
+  const auto mayPost = [answer](AlertSetting alerts) {
+    answer({.authorizationStatus = AuthorizationStatus::authorized, .alertSetting = alerts});
+  };
+  const auto answerFor = [this, answer = std::move(answer), mayPost](sd_bus_message* information) {
+    switch (notification_service::presence(information)) {
+      case Presence::absent:
+        answer({});
+        break;
+      case Presence::silent:
+        // A server that is only slow is no refusal. The next notification tells better what is wrong, in its own words.
+        mayPost(AlertSetting::enabled);
+        break;
+      case Presence::there:
+        askAlertSetting(queue_, bus_, searchPath_, nameIn(information), whileHere(mayPost));
+        break;
+    }
+  };
+  bus_.call(newCall("GetServerInformation"), whileHere(answerFor));
 }
 
 void DBusNotificationCenter::requestAuthorization(AuthorizationOptions /*options*/,
@@ -72,23 +80,30 @@ void DBusNotificationCenter::add(NotificationRequest request, std::function<void
 }
 
 void DBusNotificationCenter::deliver(const NotificationRequest& request, const Answer& answer) {
-  using enum PresentationOptions;
-  const PresentationOptions shown = delegate_ != nullptr ? delegate_->willPresent(request) : list | banner | sound;
-  if (!contains(shown, list | banner)) return answer({});
-  bus_.call(newCall("GetCapabilities"), whileHere([=, this](sd_bus_message* capabilities) {
-              // Nobody waits a second time for a server that hangs.
-              if (notification_service::presence(capabilities) != Presence::there) {
-                return answer(notification_service::success(capabilities));
-              }
-              notify(request, {.bodyIsMarkup = hasBodyMarkup(capabilities), .makesSound = contains(shown, sound)},
-                     answer);
-            }));
+  PresentationOptions shown{.banner = true, .list = true, .sound = true};
+  if (delegate_ != nullptr) shown = delegate_->willPresent(request);
+  if (!shown.list && !shown.banner) {
+    answer({});
+    return;
+  }
+  const auto deliverTo = [this, request, answer, makesSound = shown.sound](sd_bus_message* capabilities) {
+    if (notification_service::presence(capabilities) == Presence::there) {
+      notify(request, {.bodyIsMarkup = hasBodyMarkup(capabilities), .makesSound = makesSound}, answer);
+    } else {
+      // Nobody waits a second time for a server that hangs.
+      answer(notification_service::success(capabilities));
+    }
+  };
+  bus_.call(newCall("GetCapabilities"), whileHere(deliverTo));
 }
 
 void DBusNotificationCenter::notify(const NotificationRequest& request, const NotificationStyle& style,
                                     const Answer& answer) {
   const BusMessage call = newCall("Notify");
-  if (call && !fillIn(call.get(), request, style)) return answer(std::unexpected("The notification is not text."));
+  if (call && !fillIn(call.get(), request, style)) {
+    answer(std::unexpected("The notification is not text."));
+    return;
+  }
   bus_.call(call, whileHere([this, identifier = request.identifier, answer](sd_bus_message* reply) {
               answer(take(identifier, reply));
             }));

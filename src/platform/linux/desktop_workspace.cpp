@@ -61,10 +61,13 @@ bool DesktopWorkspace::openURL(std::string_view url) {
 /// This desktop's own page, or that of any other whose settings are installed: it may be what a desktop that we do not know
 /// has borrowed.
 bool DesktopWorkspace::openSettings() const {
-  auto pages = settingsPages;
-  std::ranges::stable_partition(
-      pages, [desktops = namesIn(currentDesktop_)](const SettingsPage& page) { return isPageOf(page, desktops); });
-  return std::ranges::any_of(pages, [this](const SettingsPage& page) { return start(page.command); });
+  const auto desktops = namesIn(currentDesktop_);
+  const auto opens = [&](bool own) {
+    return std::ranges::any_of(settingsPages, [&](const SettingsPage& page) {
+      return isPageOf(page, desktops) == own && start(page.command);
+    });
+  };
+  return opens(true) || opens(false);
 }
 
 bool DesktopWorkspace::start(std::string_view command) const {
