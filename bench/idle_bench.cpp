@@ -4,7 +4,6 @@
 #include <ctime>
 #include <filesystem>
 #include <fstream>
-#include <optional>
 #include <pty.h>
 #include <string>
 #include <sys/wait.h>
@@ -23,8 +22,9 @@ using namespace std::chrono_literals;
 constexpr std::chrono::seconds untilSettled = 10s;
 constexpr std::chrono::seconds period = 60s;
 
-/// What a program has used so far.
+/// What a program has used so far, or between two moments.
 struct Use {
+  bool runs = false;
   double processorSeconds = 0;
   /// How often one of its threads waited for something.
   double waits = 0;
@@ -76,13 +76,13 @@ class OnTerminal {
     ::waitpid(process_, nullptr, 0);
   }
 
-  /// Absent when it does not run.
-  [[nodiscard]] std::optional<Use> use() const {
+  [[nodiscard]] Use use() const {
     clockid_t clock{};
     timespec used{};
-    if (::clock_getcpuclockid(process_, &clock) != 0 || ::clock_gettime(clock, &used) != 0) return std::nullopt;
-    if (::waitpid(process_, nullptr, WNOHANG) != 0) return std::nullopt;
-    return Use{static_cast<double>(used.tv_sec) + 1e-9 * static_cast<double>(used.tv_nsec), waits()};
+    if (::clock_getcpuclockid(process_, &clock) != 0 || ::clock_gettime(clock, &used) != 0) return {};
+    return {.runs = ::waitpid(process_, nullptr, WNOHANG) == 0,
+            .processorSeconds = static_cast<double>(used.tv_sec) + 1e-9 * static_cast<double>(used.tv_nsec),
+            .waits = waits()};
   }
 
  private:
@@ -104,13 +104,14 @@ class OnTerminal {
 
 /// What it used in a minute in which nobody asked it for anything.
 struct IdleMinute {
-  std::optional<Use> quibbly;
-  std::optional<Use> bare;
+  Use quibbly;
+  Use bare;
 };
 
-std::optional<Use> difference(const std::optional<Use>& before, const std::optional<Use>& after) {
-  if (!before || !after) return std::nullopt;
-  return Use{after->processorSeconds - before->processorSeconds, after->waits - before->waits};
+Use difference(const Use& before, const Use& after) {
+  return {.runs = before.runs && after.runs,
+          .processorSeconds = after.processorSeconds - before.processorSeconds,
+          .waits = after.waits - before.waits};
 }
 
 /// Both beside one another: what disturbs the machine disturbs both.
@@ -130,10 +131,10 @@ const IdleMinute& theIdleMinute() {
   return minute;
 }
 
-void tell(benchmark::State& state, const std::optional<Use>& used, const char* wakeUpsPerSecond) {
-  for (auto _ : state) state.SetIterationTime(used ? used->processorSeconds : 0);
-  if (!used) return state.SkipWithError("the program ended");
-  state.counters[wakeUpsPerSecond] = used->waits / std::chrono::duration<double>(period).count();
+void tell(benchmark::State& state, const Use& used, const char* wakeUpsPerSecond) {
+  for (auto _ : state) state.SetIterationTime(used.processorSeconds);
+  if (!used.runs) return state.SkipWithError("the program ended");
+  state.counters[wakeUpsPerSecond] = used.waits / std::chrono::duration<double>(period).count();
 }
 
 void bareIdle(benchmark::State& state) { tell(state, theIdleMinute().bare, "bareWakeUps"); }

@@ -50,7 +50,7 @@ icu::UnicodeString trimmed(const icu::UnicodeString& text) {
   std::int32_t end = text.length();
   while (begin < end && isSpaceOrLineEnd(text.char32At(begin))) ++begin;
   while (end > begin && isSpaceOrLineEnd(text.char32At(end - 1))) --end;
-  return text.tempSubStringBetween(begin, end);
+  return {text, begin, end - begin};
 }
 
 }  // namespace
