@@ -25,17 +25,18 @@ DesktopBanner::~DesktopBanner() {
 void DesktopBanner::show(std::string title, std::string body, std::chrono::milliseconds duration) {
   if (hideWork_) queue_.cancel(*hideWork_);
   if (const auto old = std::exchange(panel_, nullptr)) old->orderOut();
-  const std::shared_ptr<BannerPanel> panel = screen_.makePanel({.title = std::move(title), .message = std::move(body)});
-  if (const auto visible = screen_.visibleFrame()) panel->setFrame(frameWithin(*visible));
-  panel->orderFront();
-  panel_ = panel;
-  hideWork_ = queue_.runAt(queue_.now() + duration, [this, panel] { dismiss(panel); });
+  panel_ = screen_.makePanel({.title = std::move(title), .message = std::move(body)});
+  if (const auto visible = screen_.visibleFrame()) panel_->setFrame(frameWithin(*visible));
+  panel_->orderFront();
+  hideWork_ = queue_.runAt(queue_.now() + duration, [this] { dismiss(); });
 }
 
-void DesktopBanner::dismiss(const std::shared_ptr<BannerPanel>& panel) {
-  panel->fadeOut(fade, [this, panel] {
-    panel->orderOut();
-    if (panel_ == panel) panel_ = nullptr;
+void DesktopBanner::dismiss() {
+  // A fade that ends after its panel has gone, with this banner or for a new toast, has nothing left to do.
+  panel_->fadeOut(fade, [this, fading = std::weak_ptr(panel_)] {
+    if (fading.expired()) return;
+    panel_->orderOut();
+    panel_ = nullptr;
   });
 }
 

@@ -23,12 +23,13 @@ class DesktopBanner {
   void show(std::string title, std::string body, std::chrono::milliseconds duration);
 
  private:
-  void dismiss(const std::shared_ptr<BannerPanel>& panel);
+  void dismiss();
 
   MainQueue& queue_;
   BannerScreen& screen_;
   std::optional<MainQueue::TimerId> hideWork_;  // the dismissal of the panel on the screen
-  std::shared_ptr<BannerPanel> panel_;          // null when no toast is shown; a fading one is
+  /// Null when no toast is shown; a fading one is. Nobody else holds it.
+  std::shared_ptr<BannerPanel> panel_;
 };
 
 }  // namespace quibbly

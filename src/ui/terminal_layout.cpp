@@ -14,7 +14,7 @@ constexpr std::size_t widest = 72;
 constexpr std::size_t toastLines = 4;
 
 /// What goes first when there is no room, and what goes last.
-enum class Keep { space, figures, limits, toast, roast, status, keys, heading };
+enum class Keep { space, figures, limits, toast, keys, status, roast, heading };
 
 class Layout {
  public:
@@ -77,8 +77,8 @@ class Layout {
   }
 
   [[nodiscard]] std::vector<TerminalLine> fitted() && {
-    for (const Keep least : {Keep::space, Keep::figures, Keep::limits, Keep::toast, Keep::roast, Keep::status,
-                             Keep::keys, Keep::heading}) {
+    for (const Keep least : {Keep::space, Keep::figures, Keep::limits, Keep::toast, Keep::keys, Keep::status,
+                             Keep::roast, Keep::heading}) {
       for (std::size_t i = lines_.size(); i-- > 0 && lines_.size() > height_;) {
         if (lines_[i].first == least) lines_.erase(lines_.begin() + static_cast<std::ptrdiff_t>(i));
       }

@@ -41,7 +41,7 @@ struct TerminalScreen {
 };
 
 /// The screen as lines, none wider or more than there is room for. What does not fit is left out, least important first:
-/// space, then figures, limits, the toast, and the end of the roast. Control characters become spaces.
+/// space, then figures, limits, the toast, keys, the status, and the end of the roast. Control characters become spaces.
 [[nodiscard]] std::vector<TerminalLine> terminalLines(const TerminalScreen& screen, const Terminal::Size& size,
                                                       const UserText& userText);
 

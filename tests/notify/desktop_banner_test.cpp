@@ -53,6 +53,16 @@ TEST_F(Toast, a_fade_that_ends_late_leaves_the_new_one_alone) {
   EXPECT_THAT(screen_.messages(), IsEmpty());
 }
 
+TEST_F(Toast, goes_with_its_banner_while_it_fades) {
+  {
+    DesktopBanner going(queue_, screen_);
+    going.show("Title", "one", 1s);
+    queue_.advance(1s);
+  }
+  EXPECT_THAT(screen_.messages(), IsEmpty());
+  queue_.advance(250ms);
+}
+
 TEST_F(Toast, keeps_its_place_without_a_screen) {
   screen_.frame.reset();
   banner_.show("Title", "one", 1s);

@@ -74,9 +74,9 @@ TEST(TerminalLayout, leaves_out_the_least_important_first) {
   EXPECT_EQ(shown(screen, 20, 5),
             "♨ Mac Mood: Proud\n"
             "Your RAM is full of\n"
-            "Fresh roast ready.\n"
-            "r Roast me again\n"
-            "q Quit quibbly\n");
+            "regret, and of tabs\n"
+            "you will never read\n"
+            "again.\n");
 }
 
 TEST(TerminalLayout, never_needs_more_room_than_there_is) {
