@@ -6,6 +6,9 @@
 #include <optional>
 #include <string>
 #include <system_error>
+#include <utility>
+
+#include "platform/ascii.h"
 
 namespace quibbly::AppURL {
 namespace {
@@ -18,13 +21,10 @@ struct Parts {
   std::string path;
 };
 
-/// Letters of a scheme, a host and of what we look for in a path are ASCII.
-char lowered(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
-
-std::string lowered(std::string_view text) {
-  std::string result(text);
-  std::ranges::transform(result, result.begin(), [](char c) { return lowered(c); });
-  return result;
+/// Letters of a host and of what we look for in a path are ASCII.
+std::string inLowerCase(std::string text) {
+  std::ranges::transform(text, text.begin(), lowered);
+  return text;
 }
 
 /// The text with every %XX as the byte it stands for; absent when a percent sign begins nothing of the kind.
@@ -64,16 +64,17 @@ std::optional<Parts> partsOf(std::string_view url) {
     host = hostOf(rest.substr(2, pathBegin - 2));
     rest = rest.substr(pathBegin);
   }
-  const auto decodedHost = decoded(host);
-  const auto decodedPath = decoded(rest);
+  auto decodedHost = decoded(host);
+  auto decodedPath = decoded(rest);
   if (!decodedHost || !decodedPath) return std::nullopt;
-  return Parts{.host = lowered(*decodedHost), .path = lowered(*decodedPath)};
+  return Parts{.host = inLowerCase(std::move(*decodedHost)), .path = inLowerCase(std::move(*decodedPath))};
 }
 
 }  // namespace
 
 bool hasScheme(std::string_view url) {
-  return url.size() > scheme.size() && url[scheme.size()] == ':' && lowered(url.substr(0, scheme.size())) == scheme;
+  return url.size() > scheme.size() && url[scheme.size()] == ':' &&
+         equalIgnoringCase(url.substr(0, scheme.size()), scheme);
 }
 
 bool isRoastAction(std::string_view url) {

@@ -6,6 +6,8 @@
 namespace quibbly::AppURL {
 
 inline constexpr std::string_view scheme = "quibbly";
+/// Asks for a roast.
+inline constexpr const char* roast = "quibbly://roast";
 
 /// Whether the URL asks for a roast: its host is "roast", or its path ends with it, whatever the case of the letters.
 /// A text that is no URL asks for nothing.

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "platform/linux/bundle_identifiers.h"
+#include "platform/linux/own_names.h"
 #include "platform/linux/small_files.h"
 #include "platform/linux/systemd_units.h"
 

@@ -6,9 +6,6 @@
 
 namespace quibbly::linux_services {
 
-/// The desktop id of this program, which is never counted among the others.
-constexpr std::string_view ownDesktopId = "org.quibbly.Quibbly";
-
 /// The bundle identifier of a well-known application, by the desktop id or the WM_CLASS of any of its packages; case
 /// does not matter, nor does a ".desktop" at the end. Absent for any other.
 [[nodiscard]] std::optional<std::string_view> knownBundleIdentifier(std::string_view desktopIdOrClass);

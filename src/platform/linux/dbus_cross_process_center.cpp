@@ -2,10 +2,10 @@
 
 #include <string>
 
+#include "platform/linux/own_names.h"
+
 namespace quibbly::linux_services {
 namespace {
-
-constexpr const char* path = "/org/quibbly/Quibbly";
 
 struct SignalName {
   std::string interface;
@@ -23,12 +23,12 @@ DBusCrossProcessCenter::~DBusCrossProcessCenter() {
 
 void DBusCrossProcessCenter::post(std::string_view name) {
   const SignalName signal(name);
-  bus_.send(bus_.newSignal(path, signal.interface.c_str(), signal.member.c_str()));
+  bus_.send(bus_.newSignal(ownObjectPath, signal.interface.c_str(), signal.member.c_str()));
 }
 
 void DBusCrossProcessCenter::addObserver(void* observer, Callback callback, std::string_view name) {
   const SignalName signal(name);
-  const std::string rule = "type='signal',path='" + std::string(path) + "',interface='" + signal.interface +
+  const std::string rule = "type='signal',path='" + std::string(ownObjectPath) + "',interface='" + signal.interface +
                            "',member='" + signal.member + "'";
   const auto subscription = bus_.subscribe(rule, [callback, observer] { callback(observer); });
   observers_.push_back({.observer = observer, .name = std::string(name), .subscription = subscription});

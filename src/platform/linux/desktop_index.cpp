@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/linux/text_encoding.h"
+#include "platform/ascii.h"
 
 namespace quibbly::linux_services {
 namespace {

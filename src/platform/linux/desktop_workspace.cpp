@@ -6,8 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/ascii.h"
 #include "platform/linux/child_process.h"
-#include "platform/linux/text_encoding.h"
 #include "platform/linux/text_fields.h"
 
 namespace quibbly::linux_services {
@@ -42,7 +42,7 @@ bool isPageOf(const SettingsPage& page, const std::vector<std::string_view>& des
 
 bool isLetter(char c) { return lowered(c) >= 'a' && lowered(c) <= 'z'; }
 
-bool hasScheme(std::string_view url) {
+bool isURL(std::string_view url) {
   const auto scheme = url.substr(0, url.find(':'));
   const auto mayFollow = [](char c) {
     return isLetter(c) || (c >= '0' && c <= '9') || c == '+' || c == '-' || c == '.';
@@ -55,7 +55,7 @@ bool hasScheme(std::string_view url) {
 
 bool DesktopWorkspace::openURL(std::string_view url) {
   if (url.starts_with(systemSettings)) return openSettings();
-  return hasScheme(url) && ChildProcess::start({"xdg-open", std::string(url)}, searchPath_).has_value();
+  return isURL(url) && ChildProcess::start({"xdg-open", std::string(url)}, searchPath_).has_value();
 }
 
 /// This desktop's own page, or that of any other whose settings are installed: it may be what a desktop that we do not know

@@ -4,14 +4,13 @@
 #include <cstdint>
 #include <string_view>
 
+#include "platform/linux/own_names.h"
 #include "platform/linux/text_encoding.h"
 
 namespace quibbly::linux_services {
 namespace {
 
 constexpr const char* applicationName = "quibbly";
-/// Of the desktop entry, and of the icon.
-constexpr const char* desktopId = "org.quibbly.Quibbly";
 constexpr std::uint32_t replacesNone = 0;
 constexpr unsigned actionCount = 0;
 constexpr std::int32_t usualExpiry = -1;
@@ -67,7 +66,7 @@ bool addSound(sd_bus_message* call, bool makesSound) {
 bool addHints(sd_bus_message* call, const NotificationRequest& request, bool makesSound) {
   return sd_bus_message_open_container(call, 'a', "{sv}") >= 0 &&
          sd_bus_message_append(call, "{sv}", "urgency", "y", urgencyOf(request.interruptionLevel)) >= 0 &&
-         addText(call, "category", "device") && addText(call, "desktop-entry", desktopId) &&
+         addText(call, "category", "device") && addText(call, "desktop-entry", ownDesktopId) &&
          addSound(call, makesSound) &&
          std::ranges::all_of(
              request.userInfo,
@@ -80,7 +79,7 @@ bool addHints(sd_bus_message* call, const NotificationRequest& request, bool mak
 bool fillIn(sd_bus_message* call, const NotificationRequest& request, const NotificationStyle& style) {
   const std::string body = style.bodyIsMarkup ? escaped(request.body) : request.body;
   return isSendable(request) &&
-         sd_bus_message_append(call, "susssas", applicationName, replacesNone, desktopId, request.title.c_str(),
+         sd_bus_message_append(call, "susssas", applicationName, replacesNone, ownDesktopId, request.title.c_str(),
                                body.c_str(), actionCount) >= 0 &&
          addHints(call, request, request.defaultSound && style.makesSound) &&
          sd_bus_message_append(call, "i", usualExpiry) >= 0;

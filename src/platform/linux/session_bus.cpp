@@ -143,11 +143,10 @@ void SessionBus::close() {
 
 void SessionBus::turnLater() {
   if (std::exchange(turnIsPosted_, true)) return;
-  queue_.post([this, alive = std::weak_ptr(alive_)] {
-    if (alive.expired()) return;
+  queue_.post(lifetime_.whileItLasts([this] {
     turnIsPosted_ = false;
     turn();
-  });
+  }));
 }
 
 /// Does what the connection has to do, a bounded part of it at a time, and leaves its descriptor set up for what is next.

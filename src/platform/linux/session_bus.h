@@ -3,9 +3,9 @@
 #include <cstdint>
 #include <functional>
 #include <map>
-#include <memory>
 #include <string>
 
+#include "platform/lifetime.h"
 #include "platform/linux/bus_handles.h"
 #include "platform/main_queue.h"
 
@@ -69,7 +69,7 @@ class SessionBus {
   AttachmentId nextAttachment_{};
   MainQueue::TimerId connectLimit_{};
   bool turnIsPosted_ = false;
-  std::shared_ptr<void> alive_ = std::make_shared<char>();  // gone, posted work has nothing to do
+  Lifetime lifetime_;
 };
 
 }  // namespace quibbly::linux_services

@@ -4,7 +4,9 @@
 #include <map>
 #include <utility>
 
+#include "platform/ascii.h"
 #include "platform/linux/bundle_identifiers.h"
+#include "platform/linux/own_names.h"
 #include "platform/linux/text_encoding.h"
 
 namespace quibbly::linux_services {
