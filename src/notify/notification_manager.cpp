@@ -17,7 +17,7 @@ using namespace std::chrono_literals;
 constexpr const char* categoryIdentifier = "roast.category";
 constexpr std::size_t recentBodyLimit = 8;
 constexpr auto toastDuration = 5500ms;
-/// Time for the windows to go before a notification is delivered, and until they come back.
+/// How long the windows have to go before a notification is delivered, and when they come back.
 constexpr auto deliveryDelay = 350ms;
 constexpr auto hiddenFor = 1200ms;
 constexpr auto removalDelay = 180s;

@@ -84,7 +84,8 @@ class NotificationCenter {
 
   virtual void settings(std::function<void(NotificationSettings)> answer) = 0;
   virtual void requestAuthorization(AuthorizationOptions options, std::function<void(Granted)> answer) = 0;
-  /// Answers once the service took the notification, which for a delayed one is after the delay.
+  /// Answers once the service took the notification. A delayed one counts as taken when there is a service to take it; what
+  /// goes wrong when it is delivered is not told.
   virtual void add(NotificationRequest request, std::function<void(Added)> answer) = 0;
   /// Withdraws a delivered notification; one that is not there is nothing to withdraw.
   virtual void removeDelivered(const std::string& identifier) = 0;

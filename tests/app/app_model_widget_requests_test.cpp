@@ -33,11 +33,6 @@ TEST_F(WidgetRequests, a_request_makes_a_roast_within_the_limits_and_is_gone_in_
   EXPECT_EQ(requestOutcome(), "Desktop toast + notification (1/3 today).");
   model().setDailyRoastLimit(1);
   EXPECT_EQ(requestOutcome(), "Daily roast limit reached (1/1).");
-  model().setDailyRoastLimit(0);
-  EXPECT_EQ(requestOutcome(), "Daily roast limit is 0.");
-  model().pauseRoasts(3600);
-  model().statusMessage = std::nullopt;
-  EXPECT_EQ(requestOutcome(), "Paused until 17 Nov 2026, 11:00");
   EXPECT_EQ(roastsMade(), 1U);
 }
 
@@ -64,12 +59,15 @@ TEST_F(WidgetRequests, a_pending_notification_is_posted_whatever_the_count) {
 }
 
 TEST_F(WidgetRequests, the_status_names_the_roast_until_it_is_posted) {
-  home_.desktop.active = true;
+  std::vector<std::string> told;
+  const Observers::Token token = model().observe([&] {
+    if (told.empty() || told.back() != status()) told.push_back(status());
+  });
   leaveNotification("Your RAM.");
   advance(400ms);
-  EXPECT_EQ(status(), "Widget roast: Your RAM.");
-  advance(350ms);
-  EXPECT_EQ(status(), "Desktop toast + notification (1/3 today).");
+  ASSERT_GE(told.size(), 2U);
+  EXPECT_EQ(told[told.size() - 2], "Widget roast: Your RAM.");
+  EXPECT_EQ(told.back(), "Desktop toast + notification (1/3 today).");
 }
 
 TEST_F(WidgetRequests, a_pending_notification_while_paused_only_brings_the_roast_up_to_date) {

@@ -42,10 +42,18 @@ class FakeNotificationCenter : public NotificationCenter {
     queue_.post([answer = std::move(answer), granted = userGrants] { answer(granted); });
   }
   void add(NotificationRequest request, std::function<void(Added)> answer) override {
-    const auto due = queue_.now() + request.delay.value_or(std::chrono::milliseconds(0));
-    queue_.runAt(due, [this, request = std::move(request), answer = std::move(answer)]() mutable {
-      answer(deliver(std::move(request)));
+    if (!request.delay) {
+      queue_.post([this, request = std::move(request), answer = std::move(answer)]() mutable {
+        answer(deliver(std::move(request)));
+      });
+      return;
+    }
+    queue_.post([answer = std::move(answer), refused = refusal] {
+      answer(refused ? Added(std::unexpected(*refused)) : Added());
     });
+    if (refusal) return;
+    queue_.runAt(queue_.now() + *request.delay,
+                 [this, request = std::move(request)]() mutable { (void)deliver(std::move(request)); });
   }
   void removeDelivered(const std::string& identifier) override {
     removed.push_back(identifier);

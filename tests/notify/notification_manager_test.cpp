@@ -160,7 +160,7 @@ TEST_F(Notifications, hides_a_program_in_front_until_the_notification_is_out) {
   EXPECT_THAT(center_.delivered, IsEmpty());
   queue_.advance(1ms);
   EXPECT_EQ(center_.delivered.size(), 1U);
-  queue_.advance(1199ms);
+  queue_.advance(849ms);
   EXPECT_THAT(desktop_.calls, ElementsAre("hide"));
   queue_.advance(1ms);
   EXPECT_THAT(desktop_.calls, ElementsAre("hide", "unhide", "activate"));

@@ -1,6 +1,5 @@
 #include "platform/linux/dbus_notification_center.h"
 
-#include <chrono>
 #include <string_view>
 #include <utility>
 
@@ -10,7 +9,6 @@
 namespace quibbly::linux_services {
 namespace {
 
-using namespace std::chrono_literals;
 using notification_service::Presence;
 
 /// The name by which a server calls itself; empty when it answers anything else.
@@ -33,14 +31,6 @@ bool hasBodyMarkup(sd_bus_message* capabilities) {
 
 }  // namespace
 
-/// The work, which comes to nothing once the center is gone.
-template <typename Work>
-auto DBusNotificationCenter::whileHere(Work work) const {
-  return [here = std::weak_ptr(here_), work = std::move(work)](const auto&... arguments) {
-    if (!here.expired()) work(arguments...);
-  };
-}
-
 BusMessage DBusNotificationCenter::newCall(const char* member) {
   return bus_.newCall(notification_service::name, notification_service::path, notification_service::interface, member);
 }
@@ -59,24 +49,37 @@ void DBusNotificationCenter::settings(std::function<void(NotificationSettings)> 
         mayPost(AlertSetting::enabled);
         break;
       case Presence::there:
-        askAlertSetting(queue_, bus_, searchPath_, nameIn(information), whileHere(mayPost));
+        askAlertSetting(queue_, bus_, searchPath_, nameIn(information), lifetime_.whileItLasts(mayPost));
         break;
     }
   };
-  bus_.call(newCall("GetServerInformation"), whileHere(answerFor));
+  bus_.call(newCall("GetServerInformation"), lifetime_.whileItLasts(answerFor));
 }
 
 void DBusNotificationCenter::requestAuthorization(AuthorizationOptions /*options*/,
                                                   std::function<void(Granted)> answer) {
-  bus_.call(newCall("GetServerInformation"), whileHere([answer = std::move(answer)](sd_bus_message* information) {
+  bus_.call(newCall("GetServerInformation"),
+            lifetime_.whileItLasts([answer = std::move(answer)](sd_bus_message* information) {
               answer(notification_service::presence(information) != Presence::absent);
             }));
 }
 
 void DBusNotificationCenter::add(NotificationRequest request, std::function<void(Added)> answer) {
-  const auto due = queue_.now() + request.delay.value_or(0ms);
-  queue_.runAt(
-      due, whileHere([this, request = std::move(request), answer = std::move(answer)] { deliver(request, answer); }));
+  if (!request.delay) {
+    queue_.post(lifetime_.whileItLasts(
+        [this, request = std::move(request), answer = std::move(answer)] { deliver(request, answer); }));
+    return;
+  }
+  const auto due = queue_.now() + *request.delay;
+  const auto accept = [this, due, request = std::move(request),
+                       answer = std::move(answer)](sd_bus_message* information) {
+    const Added accepted = notification_service::success(information);
+    answer(accepted);
+    if (!accepted) return;
+    const Answer nobodyWaits = [](const Added& /*added*/) {};
+    queue_.runAt(due, lifetime_.whileItLasts([this, request, nobodyWaits] { deliver(request, nobodyWaits); }));
+  };
+  bus_.call(newCall("GetServerInformation"), lifetime_.whileItLasts(accept));
 }
 
 void DBusNotificationCenter::deliver(const NotificationRequest& request, const Answer& answer) {
@@ -94,7 +97,7 @@ void DBusNotificationCenter::deliver(const NotificationRequest& request, const A
       answer(notification_service::success(capabilities));
     }
   };
-  bus_.call(newCall("GetCapabilities"), whileHere(deliverTo));
+  bus_.call(newCall("GetCapabilities"), lifetime_.whileItLasts(deliverTo));
 }
 
 void DBusNotificationCenter::notify(const NotificationRequest& request, const NotificationStyle& style,
@@ -104,9 +107,9 @@ void DBusNotificationCenter::notify(const NotificationRequest& request, const No
     answer(std::unexpected("The notification is not text."));
     return;
   }
-  bus_.call(call, whileHere([this, identifier = request.identifier, answer](sd_bus_message* reply) {
-              answer(take(identifier, reply));
-            }));
+  bus_.call(call, lifetime_.whileItLasts([this, identifier = request.identifier, answer](sd_bus_message* reply) {
+    answer(take(identifier, reply));
+  }));
 }
 
 NotificationCenter::Added DBusNotificationCenter::take(const std::string& identifier, sd_bus_message* reply) {

@@ -2,10 +2,10 @@
 
 #include <cstdint>
 #include <map>
-#include <memory>
 #include <string>
 #include <utility>
 
+#include "platform/lifetime.h"
 #include "platform/linux/notification_message.h"
 #include "platform/linux/session_bus.h"
 #include "platform/notification_center.h"
@@ -41,8 +41,6 @@ class DBusNotificationCenter final : public NotificationCenter {
     std::uint32_t number = 0;
   };
 
-  template <typename Work>
-  [[nodiscard]] auto whileHere(Work work) const;
   [[nodiscard]] BusMessage newCall(const char* member);
   void deliver(const NotificationRequest& request, const Answer& answer);
   void notify(const NotificationRequest& request, const NotificationStyle& style, const Answer& answer);
@@ -52,8 +50,8 @@ class DBusNotificationCenter final : public NotificationCenter {
   SessionBus& bus_;
   std::string searchPath_;
   NotificationCenterDelegate* delegate_ = nullptr;
-  std::map<std::string, Delivered> delivered_;             // until they are withdrawn
-  std::shared_ptr<void> here_ = std::make_shared<char>();  // gone, late answers reach nobody
+  std::map<std::string, Delivered> delivered_;  // until they are withdrawn
+  Lifetime lifetime_;
 };
 
 }  // namespace quibbly::linux_services
