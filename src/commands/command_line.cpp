@@ -6,6 +6,7 @@
 
 #include "app/app_url.h"
 #include "commands/words.h"
+#include "platform/single_instance.h"
 
 namespace quibbly {
 namespace {
@@ -46,7 +47,9 @@ void addPrefs(CLI::App& app, CommandLine& request) {
 
 CLI::Validator isOurs() {
   return {[](const std::string& word) {
-            return AppURL::hasScheme(word) ? "" : "'" + word + "' is neither a command nor a quibbly: URL";
+            if (!AppURL::hasScheme(word)) return "'" + word + "' is neither a command nor a quibbly: URL";
+            if (word.size() > SingleInstance::longestUrl) return std::string("it is too long; 4096 bytes are taken");
+            return std::string();
           },
           "", "quibbly URL"};
 }
@@ -75,6 +78,9 @@ std::expected<CommandLine, std::string> parseCommandLine(std::span<const char* c
   if (!text) return std::unexpected(std::move(text.error()));
   if (request.command != CommandLine::Command::run && (request.terminal || !request.urls.empty())) {
     return std::unexpected("--terminal and URLs do not go with a command; leave out the one or the other");
+  }
+  if (request.urls.size() > SingleInstance::mostUrls) {
+    return std::unexpected("these are too many URLs; 32 are opened at once");
   }
   if (!text->empty()) request.command = CommandLine::Command::showText;
   request.text = std::move(*text);

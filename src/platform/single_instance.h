@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <string>
 #include <vector>
@@ -9,6 +10,10 @@ namespace quibbly {
 /// Keeps the program to one instance a user session, and hears what the desktop and later starts ask of it. Main thread.
 class SingleInstance {
  public:
+  /// What can be handed over at once; more than that is nothing that a user did. In bytes each.
+  static constexpr std::size_t mostUrls = 32;
+  static constexpr std::size_t longestUrl = 4096;
+
   /// Called on later turns of the main queue, for as long as the instance is the one.
   struct Requests {
     /// The program was started again.

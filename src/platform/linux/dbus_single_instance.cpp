@@ -5,26 +5,26 @@
 #include <cstring>
 #include <utility>
 
+#include "platform/linux/own_names.h"
+
 namespace quibbly::linux_services {
 namespace {
 
-constexpr const char* name = "org.quibbly.Quibbly";
-constexpr const char* path = "/org/quibbly/Quibbly";
 constexpr const char* interface = "org.freedesktop.Application";
 
-// What any program of the session may send; more than that is nothing that a user did.
-constexpr std::size_t mostUrls = 32;
-constexpr std::size_t longestText = 4096;
-
-enum class NameReply : std::uint32_t { primaryOwner = 1, exists = 3, alreadyOwner = 4 };
+/// The answer to a request for a name that another connection has.
+constexpr std::uint32_t nameExists = 3;
 
 DBusSingleInstance& instance(void* self) { return *static_cast<DBusSingleInstance*>(self); }
 
 int refuse(sd_bus_error* error, const char* why) { return sd_bus_error_set(error, SD_BUS_ERROR_INVALID_ARGS, why); }
 
-int activate(sd_bus_message* call, void* self, sd_bus_error* /*error*/) {
-  instance(self).pass([](const auto& requests) { requests.activate(); });
-  return sd_bus_reply_method_return(call, nullptr);
+int answer(sd_bus_message* call, sd_bus_error* error, bool isPassed) {
+  return isPassed ? sd_bus_reply_method_return(call, nullptr) : refuse(error, "This start is not the first.");
+}
+
+int activate(sd_bus_message* call, void* self, sd_bus_error* error) {
+  return answer(call, error, instance(self).pass([](const auto& requests) { requests.activate(); }));
 }
 
 int open(sd_bus_message* call, void* self, sd_bus_error* error) {
@@ -32,21 +32,22 @@ int open(sd_bus_message* call, void* self, sd_bus_error* error) {
   const char* url = nullptr;
   int got = sd_bus_message_enter_container(call, 'a', "s");
   while (got > 0 && (got = sd_bus_message_read_basic(call, 's', static_cast<void*>(&url))) > 0) {
-    if (urls.size() == mostUrls || std::strlen(url) > longestText) return refuse(error, "Too many or too long URLs.");
+    if (urls.size() == SingleInstance::mostUrls || std::strlen(url) > SingleInstance::longestUrl)
+      return refuse(error, "Too many or too long URLs.");
     urls.emplace_back(url);
   }
   if (got < 0) return got;
-  instance(self).pass([urls = std::move(urls)](const auto& requests) { requests.open(urls); });
-  return sd_bus_reply_method_return(call, nullptr);
+  return answer(call, error,
+                instance(self).pass([urls = std::move(urls)](const auto& requests) { requests.open(urls); }));
 }
 
 int activateAction(sd_bus_message* call, void* self, sd_bus_error* error) {
   const char* action = nullptr;
   const int got = sd_bus_message_read_basic(call, 's', static_cast<void*>(&action));
   if (got < 0) return got;
-  if (std::strlen(action) > longestText) return refuse(error, "Too long a name of an action.");
-  instance(self).pass([action = std::string(action)](const auto& requests) { requests.action(action); });
-  return sd_bus_reply_method_return(call, nullptr);
+  if (std::strlen(action) > SingleInstance::longestUrl) return refuse(error, "Too long a name of an action.");
+  return answer(call, error,
+                instance(self).pass([action = std::string(action)](const auto& requests) { requests.action(action); }));
 }
 
 const sd_bus_vtable methods[] = {
@@ -81,7 +82,8 @@ void DBusSingleInstance::claim(Requests requests, std::vector<std::string> urls,
   // The object is there before the name is: who finds the name may call at once.
   attachments_.push_back(bus_.attach([this](sd_bus* bus) {
     sd_bus_slot* slot = nullptr;
-    (void)sd_bus_add_object_vtable(bus, &slot, path, interface, static_cast<const sd_bus_vtable*>(methods), this);
+    (void)sd_bus_add_object_vtable(bus, &slot, ownObjectPath, interface, static_cast<const sd_bus_vtable*>(methods),
+                                   this);
     return slot;
   }));
   attachments_.push_back(bus_.attach([this](sd_bus*) {
@@ -89,17 +91,14 @@ void DBusSingleInstance::claim(Requests requests, std::vector<std::string> urls,
     return nullptr;
   }));
   if (!hasAsked_) {
-    queue_.post([this, alive = std::weak_ptr(alive_)] {
-      if (!alive.expired()) named(nullptr);
-    });
+    queue_.post(lifetime_.whileItLasts([this] { named(nullptr); }));
   }
 }
 
-void DBusSingleInstance::pass(std::move_only_function<void(const Requests&)> request) {
-  if (!isFirst_) return;
-  queue_.post([this, alive = std::weak_ptr(alive_), request = std::move(request)]() mutable {
-    if (!alive.expired()) request(requests_);
-  });
+bool DBusSingleInstance::pass(std::move_only_function<void(const Requests&)> request) {
+  if (!isFirst_) return false;
+  queue_.post(lifetime_.whileItLasts([this, request = std::move(request)]() mutable { request(requests_); }));
+  return true;
 }
 
 void DBusSingleInstance::requestName() {
@@ -107,10 +106,8 @@ void DBusSingleInstance::requestName() {
   hasAsked_ = true;
   const BusMessage call =
       bus_.newCall("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "RequestName");
-  if (call) (void)sd_bus_message_append(call.get(), "su", name, doNotQueue);
-  bus_.call(call, [this, alive = std::weak_ptr(alive_)](sd_bus_message* answer) {
-    if (!alive.expired()) named(answer);
-  });
+  if (call) (void)sd_bus_message_append(call.get(), "su", ownBusName, doNotQueue);
+  bus_.call(call, lifetime_.whileItLasts([this](sd_bus_message* answer) { named(answer); }));
 }
 
 /// An answer after the first is that of a connection that was made anew, and changes nothing.
@@ -118,22 +115,21 @@ void DBusSingleInstance::named(sd_bus_message* answer) {
   if (!answer_) return;
   std::uint32_t reply = 0;
   if (answer != nullptr) (void)sd_bus_message_read_basic(answer, 'u', &reply);
-  if (NameReply(reply) == NameReply::exists) {
+  if (reply == nameExists) {
     handOver();
   } else {
-    settle(lock_.heldElsewhere() ? Place::refused : Place::first);
+    settle(lock_.take() ? Place::first : Place::refused);
   }
 }
 
 void DBusSingleInstance::handOver() {
-  BusMessage call = bus_.newCall(name, path, interface, urls_.empty() ? "Activate" : "Open");
+  BusMessage call = bus_.newCall(ownBusName, ownObjectPath, interface, urls_.empty() ? "Activate" : "Open");
   const bool made = call && (urls_.empty() || appendUrls(call, urls_)) && appendNoPlatformData(call) >= 0;
   if (!made) call.reset();
-  bus_.call(call, [this, alive = std::weak_ptr(alive_)](sd_bus_message* answer) {
-    if (alive.expired()) return;
+  bus_.call(call, lifetime_.whileItLasts([this](sd_bus_message* answer) {
     const bool taken = answer != nullptr && sd_bus_message_is_method_error(answer, nullptr) == 0;
     settle(taken ? Place::handedOver : Place::refused);
-  });
+  }));
 }
 
 void DBusSingleInstance::settle(Place place) {

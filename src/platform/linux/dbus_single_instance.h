@@ -1,9 +1,10 @@
 #pragma once
 
-#include <memory>
+#include <functional>
 #include <string>
 #include <vector>
 
+#include "platform/lifetime.h"
 #include "platform/linux/lock_file.h"
 #include "platform/linux/session_bus.h"
 #include "platform/single_instance.h"
@@ -21,9 +22,9 @@ class DBusSingleInstance final : public SingleInstance {
 
   void claim(Requests requests, std::vector<std::string> urls, std::function<void(Place)> answer) override;
 
-  /// Hands a request of another program to the queue; nothing is listened to before the place is taken. For the functions
-  /// that sd-bus calls.
-  void pass(std::move_only_function<void(const Requests&)> request);
+  /// Hands a request of another program to the queue; false before the place is taken, when there is nobody to hear it. For
+  /// the functions that sd-bus calls.
+  [[nodiscard]] bool pass(std::move_only_function<void(const Requests&)> request);
 
  private:
   void requestName();
@@ -40,7 +41,7 @@ class DBusSingleInstance final : public SingleInstance {
   bool isFirst_ = false;
   bool hasAsked_ = false;
   std::vector<SessionBus::AttachmentId> attachments_;
-  std::shared_ptr<void> alive_ = std::make_shared<char>();  // gone, nobody waits for answers
+  Lifetime lifetime_;
 };
 
 }  // namespace quibbly::linux_services

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <utility>
 
 #include "platform/linux/file_descriptor.h"
 
@@ -11,8 +12,9 @@ class LockFile {
  public:
   explicit LockFile(std::filesystem::path path) : path_(std::move(path)) {}
 
-  /// Whether another process holds the file. Where no file can be made nobody holds it.
-  [[nodiscard]] bool heldElsewhere();
+  /// Takes the file, for as long as this object is there, and makes it and its directory where they are missing. False when
+  /// another process holds it; true also where no file can be made.
+  [[nodiscard]] bool take();
 
  private:
   std::filesystem::path path_;

@@ -1,5 +1,4 @@
 #include <chrono>
-#include <thread>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -15,7 +14,6 @@ namespace {
 
 using namespace std::chrono_literals;
 using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 using Place = SingleInstance::Place;
 
 /// A start of the program: a connection of its own, and a note of what it was asked.
@@ -100,14 +98,22 @@ TEST_F(Instances, answers_other_programs_and_refuses_what_no_user_did) {
 }
 
 TEST_F(Instances, without_a_bus_in_common_the_lock_keeps_the_second_out) {
-  const fakes::SilentSocket silent((files_.root() / "silent").string());
   const std::string none = "unix:path=" + (files_.root() / "none").string();
   const Start first(queue_, none, lock_);
   ASSERT_EQ(placeOf(first), Place::first);
   for (const std::string& address : {none, daemon_.address()}) {
     EXPECT_EQ(placeOf(Start(queue_, address, lock_)), Place::refused) << address;
   }
-  EXPECT_EQ(placeOf(Start(queue_, none, files_.root() / "no directory" / "lock")), Place::first);
+}
+
+TEST_F(Instances, the_lock_makes_its_directory_and_is_done_without_where_none_can_be) {
+  const std::string none = "unix:path=" + (files_.root() / "none").string();
+  const auto inNewDirectory = files_.root() / "new" / "directory" / "lock";
+  const Start first(queue_, none, inNewDirectory);
+  ASSERT_EQ(placeOf(first), Place::first);
+  EXPECT_EQ(placeOf(Start(queue_, none, inNewDirectory)), Place::refused);
+  files_.add("file", "");
+  EXPECT_EQ(placeOf(Start(queue_, none, files_.root() / "file" / "lock")), Place::first);
 }
 
 TEST_F(Instances, a_bus_that_hangs_is_given_up_on) {
