@@ -1,6 +1,7 @@
 #pragma once
 
-// What any sample of a machine without a display costs at the least, as the bare system calls that read it. C, for the C baselines too.
+// What any sample of a machine without a display costs at the least, as the bare system calls that read it. C, for the C
+// baselines too.
 
 #include <dirent.h>
 #include <fcntl.h>

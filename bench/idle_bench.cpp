@@ -4,15 +4,16 @@
 #include <ctime>
 #include <filesystem>
 #include <fstream>
+#include <optional>
 #include <pty.h>
 #include <string>
-#include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
 
 #include <benchmark/benchmark.h>
 
 #include "comparison.h"
+#include "fakes/process.h"
 
 namespace quibbly::bench {
 namespace {
@@ -56,12 +57,13 @@ class OnTerminal {
   OnTerminal(const char* program, const char* argument, const MemoryHome& home) {
     int terminal = -1;
     const winsize size{.ws_row = 24, .ws_col = 80, .ws_xpixel = 0, .ws_ypixel = 0};
-    process_ = ::forkpty(&terminal, nullptr, nullptr, &size);
-    if (process_ == 0) {
+    const pid_t child = ::forkpty(&terminal, nullptr, nullptr, &size);
+    if (child == 0) {
       for (const char* name : {"XDG_DATA_HOME", "XDG_CONFIG_HOME"}) ::setenv(name, home.path().c_str(), 1);
       ::execl(program, program, argument, nullptr);
       ::_exit(127);
     }
+    process_.emplace(child);
     drain_ = std::jthread([terminal] {
       std::array<char, 4096> output;
       while (::read(terminal, output.data(), output.size()) > 0) {
@@ -71,16 +73,13 @@ class OnTerminal {
   }
   OnTerminal(const OnTerminal&) = delete;
   OnTerminal& operator=(const OnTerminal&) = delete;
-  ~OnTerminal() {
-    ::kill(process_, SIGTERM);
-    ::waitpid(process_, nullptr, 0);
-  }
+  ~OnTerminal() { (void)process_->end(SIGTERM); }
 
   [[nodiscard]] Use use() const {
     clockid_t clock{};
     timespec used{};
-    if (::clock_getcpuclockid(process_, &clock) != 0 || ::clock_gettime(clock, &used) != 0) return {};
-    return {.runs = ::waitpid(process_, nullptr, WNOHANG) == 0,
+    if (::clock_getcpuclockid(process_->pid(), &clock) != 0 || ::clock_gettime(clock, &used) != 0) return {};
+    return {.runs = process_->runs(),
             .processorSeconds = static_cast<double>(used.tv_sec) + 1e-9 * static_cast<double>(used.tv_nsec),
             .waits = waits()};
   }
@@ -88,7 +87,8 @@ class OnTerminal {
  private:
   [[nodiscard]] double waits() const {
     double sum = 0;
-    for (const auto& thread : std::filesystem::directory_iterator("/proc/" + std::to_string(process_) + "/task")) {
+    for (const auto& thread :
+         std::filesystem::directory_iterator("/proc/" + std::to_string(process_->pid()) + "/task")) {
       std::ifstream status(thread.path() / "status");
       for (std::string word; status >> word;) {
         double count = 0;
@@ -98,7 +98,7 @@ class OnTerminal {
     return sum;
   }
 
-  pid_t process_ = -1;
+  std::optional<fakes::Process> process_;
   std::jthread drain_;
 };
 

@@ -27,8 +27,10 @@ class Terminal {
 
   virtual ~Terminal() = default;
 
-  /// Whether what is written can be drawn over, and keys be read.
+  /// Whether what is written can be drawn over.
   [[nodiscard]] virtual bool isInteractive() const = 0;
+  /// Whether the user can press keys.
+  [[nodiscard]] virtual bool readsKeys() const = 0;
   [[nodiscard]] virtual Size size() const = 0;
 
   /// Takes the terminal over until `close`, and from then on tells what happens. When the output is no terminal nothing is

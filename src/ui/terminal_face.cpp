@@ -35,6 +35,8 @@ MenuBarLabel::Symbol symbolOf(const PanelState& state) {
   return label.symbol();
 }
 
+bool isEnabled(const TerminalFace::Command& command) { return !command.isEnabled || command.isEnabled(); }
+
 std::string plainText(const TerminalLine& line) {
   std::string text;
   for (const StyledText& piece : line) text += piece.text;
@@ -88,8 +90,8 @@ void TerminalFace::draw(const PanelState& state) {
     screen.toast = toast->view;
     screen.toastIsFading = toast->isFading;
   }
-  for (const Command& command : commands_) {
-    screen.keys.push_back({command.key, command.title, !command.isEnabled || command.isEnabled()});
+  if (ports_.terminal.readsKeys()) {
+    for (const Command& command : commands_) screen.keys.push_back({command.key, command.title, isEnabled(command)});
   }
   std::string text(home);
   std::string_view between;
@@ -125,7 +127,7 @@ void TerminalFace::printNews(const PanelState& state) {
 
 void TerminalFace::press(char key) {
   const auto command = std::ranges::find(commands_, key, &Command::key);
-  if (command != commands_.end() && (!command->isEnabled || command->isEnabled())) command->run();
+  if (command != commands_.end() && isEnabled(*command)) command->run();
 }
 
 void TerminalFace::write(const std::string& text) {

@@ -36,6 +36,9 @@ class TerminalFace {
   };
 
   TerminalFace(Ports ports, std::vector<Command> commands) : ports_(std::move(ports)), commands_(std::move(commands)) {}
+  TerminalFace(const TerminalFace&) = delete;
+  TerminalFace& operator=(const TerminalFace&) = delete;
+  ~TerminalFace() { ports_.toasts.onChange({}); }
 
   /// Takes the terminal over. `end` is called when the program is to end, and `failed` when nothing can be written any more.
   void start(std::function<void()> end, std::function<void()> failed);

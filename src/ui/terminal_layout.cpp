@@ -16,6 +16,20 @@ constexpr std::size_t toastLines = 4;
 /// What goes first when there is no room, and what goes last.
 enum class Keep { space, figures, limits, toast, keys, status, roast, heading };
 
+/// As much of the text's beginning as there is room for, in whole characters.
+std::string firstColumns(std::string_view text, std::size_t room, const UserText& userText) {
+  std::string first;
+  while (!text.empty()) {
+    const std::string character = userText.firstCharacters(text, 1);
+    const std::size_t columns = userText.columns(character);
+    if (columns > room) break;
+    first += character;
+    room -= columns;
+    text.remove_prefix(character.size());
+  }
+  return first;
+}
+
 class Layout {
  public:
   Layout(const Terminal::Size& size, const UserText& userText)
@@ -77,10 +91,9 @@ class Layout {
   }
 
   [[nodiscard]] std::vector<TerminalLine> fitted() && {
-    for (const Keep least : {Keep::space, Keep::figures, Keep::limits, Keep::toast, Keep::keys, Keep::status,
-                             Keep::roast, Keep::heading}) {
+    for (int least = 0; least <= static_cast<int>(Keep::heading); ++least) {
       for (std::size_t i = lines_.size(); i-- > 0 && lines_.size() > height_;) {
-        if (lines_[i].first == least) lines_.erase(lines_.begin() + static_cast<std::ptrdiff_t>(i));
+        if (lines_[i].first == Keep(least)) lines_.erase(lines_.begin() + static_cast<std::ptrdiff_t>(i));
       }
     }
     std::vector<TerminalLine> lines;
@@ -101,24 +114,14 @@ class Layout {
                                              std::size_t columns) const {
     if (lines.size() <= most) return lines;
     lines.resize(most);
-    while (userText_.columns(lines.back()) >= columns) lines.back() = withoutLast(lines.back());
-    lines.back() += "…";
+    lines.back() = std::string(firstColumns(lines.back(), columns - 1, userText_)) + "…";
     return lines;
-  }
-  [[nodiscard]] std::string withoutLast(const std::string& text) const {
-    std::string shorter = userText_.firstCharacters(text, 1);
-    for (std::size_t count = 2; shorter.size() < text.size(); ++count) {
-      std::string longer = userText_.firstCharacters(text, count);
-      if (longer.size() == text.size()) break;
-      shorter = std::move(longer);
-    }
-    return shorter.size() == text.size() ? std::string() : shorter;
   }
 
   [[nodiscard]] TerminalLine cutToWidth(TerminalLine line) const {
     std::size_t room = width_;
     for (StyledText& piece : line) {
-      while (userText_.columns(piece.text) > room) piece.text = withoutLast(piece.text);
+      piece.text = firstColumns(piece.text, room, userText_);
       room -= userText_.columns(piece.text);
     }
     return line;
@@ -179,36 +182,26 @@ std::vector<TerminalLine> terminalLines(const TerminalScreen& screen, const Term
 std::vector<std::string> wrapped(std::string_view text, std::size_t columns, const UserText& userText) {
   const std::string safe = printable(text);
   std::vector<std::string> lines{""};
-  std::size_t used = 0;
-  const auto place = [&](std::string_view piece, std::size_t needs) {
-    lines.back() += piece;
-    used += needs;
-  };
   std::string_view rest = safe;
   while (!rest.empty()) {
-    const std::string_view word = rest.substr(0, rest.find(' '));
+    std::string_view word = rest.substr(0, rest.find(' '));
     rest.remove_prefix(std::min(word.size() + 1, rest.size()));
-    const std::size_t needs = userText.columns(word);
-    if (used > 0 && used + 1 + needs <= columns)
-      place(" ", 1);
-    else if (used > 0) {
-      lines.emplace_back();
-      used = 0;
-    }
-    if (used + needs <= columns) {
-      place(word, needs);
+    const std::string longer = lines.back() + (lines.back().empty() ? "" : " ") + std::string(word);
+    if (userText.columns(longer) <= columns) {
+      lines.back() = longer;
       continue;
     }
-    for (std::string_view left = word; !left.empty();) {
-      const std::string character = userText.firstCharacters(left, 1);
-      const std::size_t width = userText.columns(character);
-      if (used > 0 && used + width > columns) {
-        lines.emplace_back();
-        used = 0;
-      }
-      place(character, width);
-      left.remove_prefix(character.size());
+    if (!lines.back().empty()) lines.emplace_back();
+    // A word that no line has room for is broken anywhere; at least one character goes on each line.
+    while (userText.columns(word) > columns) {
+      std::string part = firstColumns(word, columns, userText);
+      if (part.empty()) part = userText.firstCharacters(word, 1);
+      word.remove_prefix(part.size());
+      lines.back() = std::move(part);
+      if (word.empty()) break;
+      lines.emplace_back();
     }
+    lines.back() += word;
   }
   return lines;
 }

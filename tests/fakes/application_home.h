@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 
+#include "app/kept_preferences.h"
 #include "app/quibbly_app.h"
 #include "fakes/fake_cross_process_center.h"
 #include "fakes/fake_desktop.h"
@@ -14,7 +15,6 @@
 #include "fakes/group.h"
 #include "fakes/manual_queue.h"
 #include "fakes/memory_preference_store.h"
-#include "platform/kept_preferences.h"
 #include "platform/linux/icu_user_calendar.h"
 
 namespace quibbly::fakes {

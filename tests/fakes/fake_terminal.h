@@ -19,6 +19,7 @@ class FakeTerminal : public Terminal {
   std::string takeWritten() { return std::exchange(written_, {}); }
 
   [[nodiscard]] bool isInteractive() const override { return interactive_; }
+  [[nodiscard]] bool readsKeys() const override { return interactive_; }
   [[nodiscard]] Size size() const override { return room; }
   void open(Events told) override { events = std::move(told); }
   void close() override {}

@@ -7,9 +7,9 @@
 #include <map>
 #include <mutex>
 #include <poll.h>
-#include <thread>
 #include <utility>
 
+#include "fakes/until.h"
 #include "platform/main_queue.h"
 #include "platform/timed_work.h"
 
@@ -40,13 +40,10 @@ class ManualQueue : public MainQueue {
 
   /// Runs, in real time, until something holds that another process or thread brings about; false when it never does.
   bool until(const std::function<bool()>& holds) {
-    for (const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(30);
-         std::chrono::steady_clock::now() < end;) {
+    return fakes::until([&] {
       run();
-      if (holds()) return true;
-      std::this_thread::sleep_for(std::chrono::milliseconds(1));
-    }
-    return false;
+      return holds();
+    });
   }
 
   /// Moves the clock from deadline to deadline up to the duration's end, running what comes due on the way.

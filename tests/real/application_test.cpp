@@ -1,13 +1,10 @@
 // The built application on a bus with a notification server, as a user's session has them.
 
 #include <chrono>
-#include <csignal>
 #include <cstdlib>
 #include <fstream>
 #include <pty.h>
 #include <sstream>
-#include <sys/wait.h>
-#include <thread>
 #include <unistd.h>
 
 #include <gmock/gmock.h>
@@ -16,6 +13,7 @@
 #include "fakes/manual_queue.h"
 #include "fakes/notification_server.h"
 #include "fakes/private_bus.h"
+#include "fakes/process.h"
 #include "fakes/published_home.h"
 #include "platform/linux/dbus_cross_process_center.h"
 #include "shared/pending_notify_queue.h"
@@ -25,6 +23,7 @@ namespace quibbly {
 namespace {
 
 using namespace std::chrono_literals;
+using fakes::Process;
 using linux_services::SessionBus;
 using ::testing::HasSubstr;
 using ::testing::StartsWith;
@@ -34,31 +33,6 @@ std::string contentOf(const std::filesystem::path& file) {
   content << std::ifstream(file).rdbuf();
   return content.str();
 }
-
-/// A program that the test started, killed with it unless it ended.
-class Process {
- public:
-  explicit Process(pid_t pid) : pid_(pid) {}
-  Process(const Process&) = delete;
-  Process& operator=(const Process&) = delete;
-  ~Process() {
-    if (pid_ > 0) end(SIGKILL);
-  }
-
-  /// Waits for its end; the exit status, or the signal's number below zero.
-  int wait() {
-    int status = 0;
-    ::waitpid(std::exchange(pid_, 0), &status, 0);
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
-  }
-  int end(int signal) {
-    ::kill(pid_, signal);
-    return wait();
-  }
-
- private:
-  pid_t pid_;
-};
 
 /// A session of its own: a home that was used before, a bus, a desktop with notifications.
 class Application : public ::testing::Test {

@@ -187,6 +187,14 @@ TEST_F(Face, a_key_runs_its_command_unless_that_is_disabled) {
   EXPECT_EQ(pressed_, "rcend");
 }
 
+TEST_F(Face, may_go_before_a_toast_does) {
+  start(true);
+  banner_.show("Your Mac would like a word", "one", 5s);
+  queue_.run();
+  face_.reset();
+  queue_.advance(6s);
+}
+
 TEST_F(Face, shows_a_toast_until_it_has_faded) {
   start(true);
   terminal_->takeWritten();

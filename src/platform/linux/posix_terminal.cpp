@@ -5,7 +5,6 @@
 #include <cerrno>
 #include <chrono>
 #include <csignal>
-#include <cstdlib>
 #include <fcntl.h>
 #include <initializer_list>
 #include <poll.h>
@@ -25,7 +24,7 @@ constexpr std::string_view handBack = "\x1b[0m\x1b[?25h\x1b[?1049l";
 constexpr int patienceInMilliseconds = 100;
 constexpr auto untilDrawnAnew = 1s;
 
-constexpr std::initializer_list<int> endings = {SIGINT, SIGTERM, SIGHUP};
+constexpr std::initializer_list<int> endings = {SIGINT, SIGQUIT, SIGTERM, SIGHUP};
 /// What changes a terminal that is drawn on; without one these do what they always do.
 constexpr std::initializer_list<int> changes = {SIGWINCH, SIGTSTP, SIGCONT};
 
@@ -38,13 +37,13 @@ sigset_t setOf(std::initializer_list<std::initializer_list<int>> groups) {
   return set;
 }
 
-bool canBeDrawnOn(int output) {
-  const char* const kind = std::getenv("TERM");
-  return ::isatty(output) != 0 && kind != nullptr && *kind != '\0' && std::string_view(kind) != "dumb";
+bool canBeDrawnOn(int output, std::string_view kind) {
+  return ::isatty(output) != 0 && !kind.empty() && kind != "dumb";
 }
 
 /// The same output, where it could block through an open file of its own: that it must not is nobody else's business. A
-/// file never blocks, and shares its position with whoever writes it before and after.
+/// file never blocks, and shares its position with whoever writes it before and after; a socket can block, but not be
+/// opened again.
 FileDescriptor reopened(int output) {
   struct stat status{};
   const bool mayBlock = ::isatty(output) != 0 || (::fstat(output, &status) == 0 && S_ISFIFO(status.st_mode));
@@ -60,11 +59,11 @@ void blockTerminalSignals() {
   (void)::pthread_sigmask(SIG_BLOCK, &all, nullptr);
 }
 
-PosixTerminal::PosixTerminal(MainQueue& queue, int input, int output)
+PosixTerminal::PosixTerminal(MainQueue& queue, std::string_view kind, int input, int output)
     : queue_(queue),
       input_(input),
       output_(reopened(output)),
-      isInteractive_(canBeDrawnOn(output)),
+      isInteractive_(canBeDrawnOn(output, kind)),
       readsKeys_(isInteractive_ && ::isatty(input) != 0) {}
 
 PosixTerminal::~PosixTerminal() { close(); }
@@ -96,10 +95,11 @@ void PosixTerminal::close() {
   signals_ = FileDescriptor(-1);
 }
 
+/// Also when it was taken before: whoever stopped the program from outside has had the terminal since.
 void PosixTerminal::take() {
   termios settings{};
-  if (before_ || ::tcgetattr(output_.get(), &settings) != 0) return;
-  before_ = settings;
+  if (::tcgetattr(output_.get(), &settings) != 0) return;
+  if (!before_) before_ = settings;
   settings.c_lflag &= ~static_cast<tcflag_t>(ICANON | ECHO);
   settings.c_cc[VMIN] = 1;
   settings.c_cc[VTIME] = 0;
@@ -123,7 +123,7 @@ void PosixTerminal::readSignals() {
     } else if (number == SIGTSTP) {
       suspend();
     } else {
-      take();  // unless it is ours still
+      if (number == SIGCONT) take();
       events_.redraw();
     }
   }
@@ -136,7 +136,6 @@ void PosixTerminal::suspend() {
 }
 
 void PosixTerminal::readKeys() {
-  constexpr char escape = '\x1b';
   std::array<char, 256> bytes{};
   const ssize_t got = ::read(input_, bytes.data(), bytes.size());
   if (got < 0 && (errno == EINTR || errno == EAGAIN)) return;
@@ -147,9 +146,28 @@ void PosixTerminal::readKeys() {
     events_.end();
     return;
   }
-  if (bytes[0] == escape) return;
-  for (const char byte : std::string_view(bytes.data(), static_cast<std::size_t>(got))) {
-    if (byte > ' ' && byte <= '~') events_.key(byte);
+  for (const char byte : std::string_view(bytes.data(), static_cast<std::size_t>(got))) readKey(byte);
+}
+
+/// Skips control sequences (ECMA-48, section 5.4) and the keys that a terminal introduces by SS3.
+void PosixTerminal::readKey(char byte) {
+  constexpr char escape = '\x1b';
+  const bool isPrintable = byte > ' ' && byte <= '~';
+  switch (place_) {
+    case Place::inSequence:
+      if (byte >= '@' && byte <= '~') place_ = Place::key;
+      return;
+    case Place::afterEscape:
+      place_ = byte == '[' || byte == 'O' ? Place::inSequence : Place::key;
+      if (place_ == Place::inSequence) return;
+      break;
+    case Place::key:
+      break;
+  }
+  if (byte == escape) {
+    place_ = Place::afterEscape;
+  } else if (isPrintable) {
+    events_.key(byte);
   }
 }
 

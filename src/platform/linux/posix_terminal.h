@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <string_view>
 #include <termios.h>
 #include <unistd.h>
 
@@ -17,22 +18,28 @@ void blockTerminalSignals();
 /// A terminal by termios and the control sequences that all of today's understand (ECMA-48, and xterm's alternate screen).
 class PosixTerminal final : public Terminal {
  public:
-  explicit PosixTerminal(MainQueue& queue, int input = STDIN_FILENO, int output = STDOUT_FILENO);
+  /// The kind is that of the output, if that is a terminal, as TERM has it.
+  PosixTerminal(MainQueue& queue, std::string_view kind, int input = STDIN_FILENO, int output = STDOUT_FILENO);
   PosixTerminal(const PosixTerminal&) = delete;
   PosixTerminal& operator=(const PosixTerminal&) = delete;
   ~PosixTerminal() override;
 
   [[nodiscard]] bool isInteractive() const override { return isInteractive_; }
+  [[nodiscard]] bool readsKeys() const override { return readsKeys_; }
   [[nodiscard]] Size size() const override;
   void open(Events events) override;
   void close() override;
   [[nodiscard]] bool write(std::string_view text) override;
 
  private:
+  /// Where in the input the next byte is.
+  enum class Place { key, afterEscape, inSequence };
+
   void take();
   void giveBack();
   void readSignals();
   void readKeys();
+  void readKey(char byte);
   void suspend();
   void drawLater();
 
@@ -45,6 +52,7 @@ class PosixTerminal final : public Terminal {
   FileDescriptor signals_{-1};
   std::optional<termios> before_;  // the terminal's settings, while it is taken
   std::optional<MainQueue::TimerId> drawing_;
+  Place place_ = Place::key;
   bool hasFailed_ = false;
 };
 

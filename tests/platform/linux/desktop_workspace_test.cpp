@@ -1,15 +1,13 @@
 #include "platform/linux/desktop_workspace.h"
 
 #include <array>
-#include <chrono>
 #include <csignal>
-#include <functional>
-#include <thread>
 #include <utility>
 
 #include <gtest/gtest.h>
 
 #include "fakes/file_tree.h"
+#include "fakes/until.h"
 #include "platform/linux/small_files.h"
 #include "platform/linux/standard_streams.h"
 #include "platform/linux/text_fields.h"
@@ -17,15 +15,7 @@
 namespace quibbly::linux_services {
 namespace {
 
-using namespace std::chrono_literals;
-
-bool until(const std::function<bool()>& holds) {
-  for (const auto end = std::chrono::steady_clock::now() + 30s; std::chrono::steady_clock::now() < end;) {
-    if (holds()) return true;
-    std::this_thread::sleep_for(1ms);
-  }
-  return false;
-}
+using fakes::until;
 
 /// A machine with the named programs on its search path, which write how they were started.
 class Programs {

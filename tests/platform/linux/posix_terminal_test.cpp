@@ -4,6 +4,7 @@
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
+#include <optional>
 #include <poll.h>
 #include <pty.h>
 #include <string>
@@ -14,6 +15,7 @@
 #include <gtest/gtest.h>
 
 #include "fakes/manual_queue.h"
+#include "fakes/process.h"
 
 namespace quibbly::linux_services {
 namespace {
@@ -24,16 +26,18 @@ using namespace std::chrono_literals;
 class OnATerminal : public ::testing::Test {
  protected:
   void SetUp() override {
-    ::setenv("TERM", "xterm", 1);
-    child_ = ::forkpty(&user_, nullptr, nullptr, nullptr);
-    ASSERT_GE(child_, 0);
-    if (child_ == 0) runProgram();
+    const pid_t child = ::forkpty(&user_, nullptr, nullptr, nullptr);
+    if (child == 0) runProgram();
+    program_.emplace(child);
     ASSERT_TRUE(see("ready"));
   }
   void TearDown() override {
-    ::kill(child_, SIGKILL);
-    ::waitpid(child_, nullptr, 0);
-    if (user_ >= 0) ::close(user_);
+    program_.reset();
+    hangUp();
+  }
+  void hangUp() {
+    if (user_ >= 0) ::close(std::exchange(user_, -1));
+    screen_.clear();
   }
 
   [[noreturn]] static void runProgram() {
@@ -41,7 +45,7 @@ class OnATerminal : public ::testing::Test {
     fakes::ManualQueue queue;
     bool ended = false;
     {
-      PosixTerminal terminal(queue);
+      PosixTerminal terminal(queue, "xterm");
       const auto say = [&](const std::string& text) { (void)terminal.write("<" + text + ">"); };
       terminal.open({.key = [&](char key) { say(std::string("key ") + key); },
                      .redraw = [&] { say("redraw " + std::to_string(terminal.size().columns)); },
@@ -72,27 +76,37 @@ class OnATerminal : public ::testing::Test {
     ::tcgetattr(user_, &settings);
     return (settings.c_lflag & (ICANON | ECHO)) == 0;
   }
-  int exitStatus() {
+  [[nodiscard]] std::string keysTold() const {
+    constexpr std::string_view key = "<key ";
+    std::string told;
+    for (std::size_t at = screen_.find(key); at != std::string::npos; at = screen_.find(key, at + 1)) {
+      told += screen_.substr(at + key.size(), 1);
+    }
+    return told;
+  }
+  void waitUntilStopped() const {
     int status = 0;
-    ::waitpid(child_, &status, 0);
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
+    ASSERT_EQ(::waitpid(program_->pid(), &status, WUNTRACED), program_->pid());
+    ASSERT_TRUE(WIFSTOPPED(status));
   }
 
   int user_ = -1;
-  pid_t child_ = 0;
+  std::optional<fakes::Process> program_;
   std::string screen_;
 };
 
 TEST_F(OnATerminal, tells_keys_but_no_sequences) {
   EXPECT_TRUE(isRaw());
-  type("r");
-  EXPECT_TRUE(see("<key r>"));
-  type("\x1b[A");
+  // An arrow, one in two reads, a function key, the escape key, and what a terminal says of itself.
+  type("r\x1b[Ax\x1b");
+  EXPECT_TRUE(see("<key x>"));
+  type("[1;5B\x1bOq\x1b");
+  type("y\x1b[?62;4cz");
+  EXPECT_TRUE(see("<key z>"));
   type("\x03");
-  EXPECT_EQ(exitStatus(), 7) << "Ctrl-C ends it";
+  EXPECT_EQ(program_->wait(), 7) << "Ctrl-C ends it";
   EXPECT_TRUE(see("\x1b[?1049l"));
-  EXPECT_EQ(screen_.find("<key A>"), std::string::npos);
-  EXPECT_EQ(screen_.find("<key [>"), std::string::npos);
+  EXPECT_EQ(keysTold(), "rxyz");
 }
 
 TEST_F(OnATerminal, tells_a_change_of_size) {
@@ -103,36 +117,43 @@ TEST_F(OnATerminal, tells_a_change_of_size) {
 
 TEST_F(OnATerminal, is_given_back_while_the_program_is_suspended) {
   type("\x1a");
-  int status = 0;
-  ASSERT_EQ(::waitpid(child_, &status, WUNTRACED), child_);
-  ASSERT_TRUE(WIFSTOPPED(status));
+  waitUntilStopped();
   EXPECT_FALSE(isRaw());
   EXPECT_TRUE(see("\x1b[?1049l"));
-  ::kill(child_, SIGCONT);
+  program_->tell(SIGCONT);
+  EXPECT_TRUE(see("<redraw 80>"));
+  EXPECT_TRUE(isRaw());
+}
+
+TEST_F(OnATerminal, is_taken_again_from_whoever_had_it_while_the_program_was_stopped) {
+  program_->tell(SIGSTOP);
+  waitUntilStopped();
+  termios settings{};
+  ::tcgetattr(user_, &settings);
+  settings.c_lflag |= ICANON | ECHO;
+  ::tcsetattr(user_, TCSANOW, &settings);
+  program_->tell(SIGCONT);
   EXPECT_TRUE(see("<redraw 80>"));
   EXPECT_TRUE(isRaw());
 }
 
 TEST_F(OnATerminal, is_given_back_on_every_way_out) {
-  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
-    if (signal != SIGINT) SetUp();
-    ::kill(child_, signal);
-    EXPECT_EQ(exitStatus(), 7) << signal;
+  for (const int signal : {SIGINT, SIGQUIT, SIGTERM, SIGHUP}) {
+    EXPECT_EQ(program_->end(signal), 7) << signal;
     EXPECT_FALSE(isRaw());
     EXPECT_TRUE(see("\x1b[?25h\x1b[?1049l"));
-    ::close(user_);
-    screen_.clear();
+    hangUp();
+    SetUp();
   }
-  SetUp();
-  ::close(std::exchange(user_, -1));
-  EXPECT_EQ(exitStatus(), 7) << "hang-up";
+  hangUp();
+  EXPECT_EQ(program_->wait(), 7) << "hang-up";
 }
 
 TEST_F(OnATerminal, that_is_halted_holds_up_nobody) {
   type("\x13");
   for (int i = 0; i < 3000; ++i) type("k");
-  ::kill(child_, SIGTERM);
-  EXPECT_EQ(exitStatus(), 7);
+  program_->tell(SIGTERM);
+  EXPECT_EQ(program_->wait(), 7);
 }
 
 TEST(PosixTerminalTest, is_not_interactive_on_anything_else) {
@@ -140,12 +161,11 @@ TEST(PosixTerminalTest, is_not_interactive_on_anything_else) {
   (void)std::signal(SIGPIPE, SIG_IGN);
   std::array<int, 2> pipe{};
   ASSERT_EQ(::pipe(pipe.data()), 0);
-  PosixTerminal terminal(queue, pipe[0], pipe[1]);
+  PosixTerminal terminal(queue, "xterm", pipe[0], pipe[1]);
   EXPECT_FALSE(terminal.isInteractive());
   EXPECT_EQ(terminal.size(), (Terminal::Size{.columns = 80, .rows = 24}));
   EXPECT_TRUE(terminal.write(std::string(1 << 20, 'x'))) << "nobody reads";
   ::close(pipe[0]);
-  EXPECT_FALSE(terminal.write("x"));
   EXPECT_FALSE(terminal.write("x"));
   ::close(pipe[1]);
 }
