@@ -1,11 +1,11 @@
 #pragma once
 
+#include "app/kept_preferences.h"
 #include "app/quibbly_app.h"
 #include "machine/machine.h"
 #include "machine/session.h"
 #include "notify/desktop_banner.h"
 #include "notify/notification_manager.h"
-#include "platform/kept_preferences.h"
 
 namespace quibbly {
 

@@ -29,8 +29,8 @@ Task<> performThenQuit(RoastMeIntent& intent, LastRoast& roast) {
 
 LastRoast performIntent(int argc, char** argv) {
   const QCoreApplication application(argc, argv);
-  Machine machine;
   qt_services::QtMainQueue queue;
+  Machine machine;
   Session session(queue);
   const SharedStorage storage(machine.container(), machine.files(), machine.random());
   const RecentRoasts recentRoasts(storage);

@@ -1,13 +1,14 @@
 #include "run_application.h"
 
-#include <cstdlib>
 #include <optional>
 #include <utility>
 
 #include <QCoreApplication>
 
+#include "app/app_url.h"
 #include "application_core.h"
 #include "commands/complaint.h"
+#include "machine/environment.h"
 #include "machine/machine.h"
 #include "machine/session.h"
 #include "platform/linux/posix_terminal.h"
@@ -26,16 +27,13 @@ using namespace qt_services;
 constexpr double anHour = 3600;
 
 /// Whether colours are wanted (no-color.org).
-bool usesColours() {
-  const char* const unwanted = std::getenv("NO_COLOR");
-  return unwanted == nullptr || *unwanted == '\0';
-}
+bool usesColours() { return environment("NO_COLOR").empty(); }
 
 /// quibbly on a terminal.
 class TerminalApplication {
  public:
   TerminalApplication(Machine& machine, Session& session, MainQueue& queue)
-      : terminal_(queue),
+      : terminal_(queue, environment("TERM")),
         toasts_(queue),
         pasteboard_(terminal_),
         application_(queue),
@@ -91,6 +89,7 @@ class TerminalApplication {
   bool hasFailed_ = false;
 };
 
+/// One start of the program, from the question whether it is the first to its end.
 class Run {
  public:
   explicit Run(const CommandLine& request) : session_(queue_), request_(request) {}
@@ -137,11 +136,12 @@ class Run {
   }
 
   void act(const std::string& action) {
-    if (application_ && action == "RoastMe") application_->delegate().open({"quibbly://roast"});
+    if (application_ && action == "RoastMe") application_->delegate().open({AppURL::roast});
   }
 
-  Machine machine_;
+  // The queue goes last: a sample that is under way when the program ends is answered on it.
   QtMainQueue queue_;
+  Machine machine_;
   Session session_;
   const CommandLine& request_;
   std::optional<TerminalApplication> application_;

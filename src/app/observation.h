@@ -41,8 +41,14 @@ class Observers {
     return {handlers_, lastPlace_};
   }
   void tell() const {
-    // A handler may add or remove observers.
-    for (const auto& [place, handler] : std::map(*handlers_)) handler();
+    // A handler may add observers, who hear of the next change, and remove any, and what is observed with them.
+    const auto handlers = handlers_;
+    const std::uint64_t last = lastPlace_;
+    for (auto next = handlers->begin(); next != handlers->end() && next->first <= last;) {
+      const auto [place, handler] = *next;
+      handler();
+      next = handlers->upper_bound(place);
+    }
   }
 
  private:

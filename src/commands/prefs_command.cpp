@@ -7,6 +7,7 @@
 #include <system_error>
 #include <utility>
 
+#include "app/preference_keys.h"
 #include "platform/printable.h"
 
 namespace quibbly {
@@ -62,6 +63,21 @@ std::string_view expectation(Type type) {
       return "a text";
   }
   return "";
+}
+
+/// The types that the application reads its preferences as, whatever a value looks like.
+std::optional<Type> knownTypeOf(std::string_view key) {
+  constexpr auto types = std::to_array<std::pair<std::string_view, Type>>({
+      {preference_keys::dailyRoastLimit, Type::integer},
+      {preference_keys::roastDayCount, Type::integer},
+      {preference_keys::roastDayStamp, Type::text},
+      {preference_keys::pauseRoastsUntil, Type::real},
+      {preference_keys::hideFromDock, Type::boolean},
+      {preference_keys::randomRoastIntervalMinutes, Type::integer},
+  });
+  const auto* const found = std::ranges::find(types, key, &std::pair<std::string_view, Type>::first);
+  if (found == types.end()) return std::nullopt;
+  return found->second;
 }
 
 Type lookOf(const std::string& text) {
@@ -139,6 +155,7 @@ std::expected<std::string, Complaint> PrefsCommand::show(const std::string& key)
 
 std::expected<std::string, Complaint> PrefsCommand::set(const std::string& key, const std::string& text,
                                                         std::optional<Type> meant) {
+  if (!meant) meant = knownTypeOf(key);
   if (!meant) meant = typeOf(store_.value(key));
   const Type type = meant.value_or(lookOf(text));
   auto value = parsedAs(type, text);

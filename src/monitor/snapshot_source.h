@@ -13,7 +13,8 @@ class SnapshotSource {
 
   virtual ~SnapshotSource() = default;
   /// One sample, complete and without fail, taken after those asked for before it. Does not wait: calls back with it once,
-  /// on any thread; a sample that still waits when the source goes is never taken. Any thread.
+  /// on any thread; a sample that still waits when the source goes is never taken, one that is under way is answered before
+  /// it is gone. Any thread.
   virtual void captureSnapshot(Answer answer) = 0;
 };
 

@@ -101,9 +101,13 @@ void AppGroupStore::publishSnapshot(const WidgetSnapshot& snapshot, PreferenceSt
   ignoring(storage_.write(snapshot, container_files::widgetSnapshot));
   const auto text = encodeRecord(snapshot);
   if (!text) return;
-  PreferenceStore& preferences = preferences_.open() ? preferences_ : otherwise;
-  ignoring(preferences.set(std::string(widgetSnapshotKey), bytesOf(*text)));
-  preferences.synchronize();
+  const std::string key(widgetSnapshotKey);
+  if (preferences_.open() && !preferences_.set(key, bytesOf(*text))) {
+    preferences_.synchronize();
+  } else {
+    ignoring(otherwise.set(key, bytesOf(*text)));
+    otherwise.synchronize();
+  }
 }
 
 std::optional<LastRoast> AppGroupStore::lastRoast() {

@@ -50,7 +50,8 @@ class AppGroupStore {
   /// A reader that looks meanwhile may see the new preferences with the old files, or the reverse; each is whole.
   void publish(const LastRoast& roast, const WidgetSnapshot& snapshot);
 
-  /// Publishes figures before there is any roast. Without the group's preferences they go into the other ones.
+  /// Publishes figures before there is any roast. When the group's preferences take nothing, they go into the other
+  /// ones.
   void publishSnapshot(const WidgetSnapshot& snapshot, PreferenceStore& otherwise);
 
   /// What was published last; absent when nothing usable was.

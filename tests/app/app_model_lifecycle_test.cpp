@@ -22,6 +22,9 @@ class WithoutContainer : public Lifecycle {
 TEST_F(Lifecycle, begins_with_what_is_stored) {
   EXPECT_EQ(*home_.launchApp().mood, (MacMood{.score = 10, .label = MacMood::Label::proud}));
   EXPECT_EQ(*model().lastRoast, std::nullopt);
+  EXPECT_EQ(*model().dailyRoastLimit, 3);
+  EXPECT_EQ(storedInteger(preference_keys::dailyRoastLimit), 3);
+  EXPECT_EQ(home_.preferences.get<std::string>(preference_keys::roastDayStamp), "2026-11-17");
   const LastRoast roast{.text = "Stored.", .mood = {.score = 40, .label = MacMood::Label::concerned}};
   const WidgetSnapshot figures{.mood = {.score = 80, .label = MacMood::Label::judgingYou}};
   ASSERT_FALSE(home_.group.storage.write(roast, "lastRoast.json"));
@@ -83,14 +86,19 @@ TEST_F(Lifecycle, a_widget_that_was_fed_keeps_its_roast_with_a_fresh_sample) {
 TEST_F(Lifecycle, figures_are_published_before_there_is_any_roast) {
   home_.launchApp();
   const auto tickIt = [](AppModel& ticking) -> Task<> { co_await ticking.tick(); };
-  for (const bool groupStoreOpens : {true, false}) {
-    home_.group.preferences.opens = groupStoreOpens;
+  fakes::MemoryPreferenceStore& group = home_.group.preferences;
+  const struct {
+    bool opens, takes;
+  } cases[] = {{true, true}, {true, false}, {false, true}};
+  for (const auto& [opens, takes] : cases) {
+    group.opens = opens;
+    group.takes = takes;
+    ASSERT_FALSE(home_.preferences.remove("widgetSnapshotData"));
     launch(home_.queue, tickIt(model()));
     run();
     EXPECT_TRUE(home_.group.storage.read<WidgetSnapshot>("widgetSnapshot.json"));
-    fakes::MemoryPreferenceStore& store = groupStoreOpens ? home_.group.preferences : home_.preferences;
-    EXPECT_TRUE(store.get<Bytes>("widgetSnapshotData"));
-    EXPECT_EQ(home_.preferences.contains("widgetSnapshotData"), !groupStoreOpens);
+    EXPECT_EQ(home_.preferences.get<Bytes>("widgetSnapshotData").has_value(), !opens || !takes);
+    EXPECT_TRUE(!opens || group.get<Bytes>("widgetSnapshotData"));
   }
 }
 
@@ -175,6 +183,16 @@ TEST_F(Lifecycle, tells_its_observers_of_changes_only) {
   }
   model().statusMessage = "two";
   EXPECT_EQ(told, 2);
+}
+
+TEST_F(Lifecycle, an_observer_that_another_one_removes_is_not_told_any_more) {
+  home_.launchApp();
+  Observers::Token removed;
+  const Observers::Token first = model().observe([&] { removed = Observers::Token(); });
+  bool told = false;
+  removed = model().observe([&] { told = true; });
+  model().statusMessage = "one";
+  EXPECT_FALSE(told);
 }
 
 }  // namespace

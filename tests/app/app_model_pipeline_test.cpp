@@ -154,9 +154,10 @@ TEST_F(Pipeline, copies_the_roast_when_there_is_one) {
 }
 
 TEST_F(Pipeline, a_history_that_cannot_be_read_or_written_stops_nothing) {
-  tree_.add("group/recentRoasts.json", "not JSON");
+  std::filesystem::create_directories(tree_.root() / "group/recentRoasts.json/in the way");
   roastAndNotify();
   EXPECT_EQ(status(), "Desktop toast + notification (1/3 today).");
+  EXPECT_EQ(home_.group.store.lastRoast(), *model().lastRoast);
 }
 
 }  // namespace

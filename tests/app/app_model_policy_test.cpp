@@ -19,14 +19,6 @@ class Policy : public AppTest {
   }
 };
 
-TEST_F(Policy, the_first_launch_stores_the_defaults) {
-  home_.launchApp();
-  EXPECT_EQ(*model().dailyRoastLimit, 3);
-  EXPECT_EQ(storedInteger(preference_keys::dailyRoastLimit), 3);
-  EXPECT_EQ(storedInteger(preference_keys::roastDayCount), 0);
-  EXPECT_EQ(stamp(), "2026-11-17");
-}
-
 TEST_F(Policy, the_count_begins_anew_with_the_day_or_with_another_days_time_zone) {
   store(preference_keys::roastDayStamp, std::string("2026-11-16"));
   store(preference_keys::roastDayCount, std::int64_t{3});
@@ -149,6 +141,29 @@ TEST_F(Policy, holds_without_a_place_to_store_it_and_is_stored_once_there_is_one
   model().resumeRoasts();
   EXPECT_EQ(storedInteger(preference_keys::dailyRoastLimit), 1);
   EXPECT_EQ(storedInteger(preference_keys::roastDayCount), 1);
+}
+
+TEST_F(Policy, what_is_stored_outlasts_a_store_that_cannot_be_opened_for_a_while) {
+  store(preference_keys::dailyRoastLimit, std::int64_t{10});
+  store(preference_keys::roastDayCount, std::int64_t{7});
+  store(preference_keys::roastDayStamp, std::string("2026-11-17"));
+  home_.preferences.opens = false;
+  home_.launchApp();
+  EXPECT_EQ(model().dailyRoastLimit, 3) << "what holds when nothing is known";
+  home_.preferences.opens = true;
+  model().reloadPolicyFromDefaults();
+  EXPECT_EQ(model().dailyRoastLimit, 10);
+  EXPECT_EQ(model().roastsSentToday, 7);
+  home_.preferences.opens = false;
+  model().reloadPolicyFromDefaults();
+  EXPECT_EQ(model().dailyRoastLimit, 10);
+  model().roastMeNow(true, true);
+  advance(reloads);
+  EXPECT_EQ(model().roastsSentToday, 8);
+  home_.preferences.opens = true;
+  model().resumeRoasts();
+  EXPECT_EQ(storedInteger(preference_keys::dailyRoastLimit), 10);
+  EXPECT_EQ(storedInteger(preference_keys::roastDayCount), 8);
 }
 
 TEST_F(Policy, the_dock_follows_the_preference) {

@@ -73,14 +73,6 @@ TEST_F(Schedule, restarting_begins_the_period_anew_and_off_ends_it) {
   EXPECT_EQ(roastsMade(), 0U);
 }
 
-TEST_F(Schedule, one_roast_after_a_long_sleep_of_the_machine) {
-  choose(RandomRoastInterval::oneMinute);
-  home_.queue.jump(8h);
-  EXPECT_EQ(roastsMade(), 1U);
-  advance(59s);
-  EXPECT_EQ(roastsMade(), 1U);
-}
-
 TEST_F(Schedule, a_roast_that_is_cancelled_in_the_midst_of_its_reloads_is_announced_at_once) {
   choose(RandomRoastInterval::oneMinute);
   advance(61s);

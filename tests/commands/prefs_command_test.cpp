@@ -33,7 +33,7 @@ TEST_F(Prefs, are_listed_by_key_with_their_types_and_shown_one_by_one) {
   EXPECT_EQ(prefs({"key"}), "0.5\n");
 }
 
-TEST_F(Prefs, are_set_to_the_type_named_or_had_or_looked_like) {
+TEST_F(Prefs, are_set_to_the_type_named_or_known_or_had_or_looked_like) {
   const std::tuple<std::vector<const char*>, const char*, PreferenceValue> cases[] = {
       {{"int", "5"}, "int", std::int64_t{5}},
       {{"double", "0.5"}, "double", 0.5},
@@ -46,6 +46,8 @@ TEST_F(Prefs, are_set_to_the_type_named_or_had_or_looked_like) {
       {{"flag", "yes", "--bool"}, "flag", std::int64_t{1}},
       {{"flag", "false", "--bool"}, "flag", std::int64_t{0}},
       {{"new", "true"}, "new", std::int64_t{1}},
+      {{"pauseRoastsUntil", "1900000000"}, "pauseRoastsUntil", 1900000000.0},
+      {{"hideFromDock", "yes"}, "hideFromDock", std::int64_t{1}},
   };
   for (const auto& [words, key, value] : cases) {
     EXPECT_EQ(prefs(words), "") << key;
@@ -58,6 +60,7 @@ TEST_F(Prefs, a_wrong_value_or_key_is_named_and_changes_nothing) {
   const std::pair<std::vector<const char*>, const char*> cases[] = {
       {{"int", "many"}, "'many' will not do for 'int': it takes a whole number, such as 3"},
       {{"int", "1.5", "--int"}, "whole number"},
+      {{"randomRoastIntervalMinutes", "5.0"}, "whole number"},
       {{"int", "9223372036854775808", "--int"}, "whole number"},
       {{"int", "", "--double"}, "a number, such as 0.5"},
       {{"int", "maybe", "--bool"}, "true or false"},
