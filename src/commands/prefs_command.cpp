@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cmath>
 #include <string_view>
 #include <system_error>
 #include <utility>
@@ -26,6 +27,8 @@ std::optional<PreferenceValue> parsed(std::string_view text) {
   const char* const end = start + text.size();
   const auto [parsedTo, error] = std::from_chars(start, end, number);
   if (error != std::errc{} || parsedTo != end) return std::nullopt;
+  // Nothing that is counted here is infinite, and what is no number cannot be stored as one.
+  if (!std::isfinite(static_cast<double>(number))) return std::nullopt;
   return number;
 }
 
@@ -134,13 +137,14 @@ std::string PrefsCommand::list() {
   std::size_t longestKey = 0;
   std::size_t longestType = 0;
   for (const auto& [key, value] : values) {
-    longestKey = std::max(longestKey, key.size());
+    longestKey = std::max(longestKey, printable(key).size());
     longestType = std::max(longestType, typeNames[value.index()].size());
   }
   std::string text;
   for (const auto& [key, value] : values) {
     const std::string_view type = typeNames[value.index()];
-    text.append(printable(key)).append(longestKey + 2 - key.size(), ' ');
+    const std::string name = printable(key);
+    text.append(name).append(longestKey + 2 - name.size(), ' ');
     text.append(type).append(longestType + 2 - type.size(), ' ');
     text.append(shown(value)).append("\n");
   }
@@ -156,7 +160,13 @@ std::expected<std::string, Complaint> PrefsCommand::show(const std::string& key)
 std::expected<std::string, Complaint> PrefsCommand::set(const std::string& key, const std::string& text,
                                                         std::optional<Type> meant) {
   if (!meant) meant = knownTypeOf(key);
-  if (!meant) meant = typeOf(store_.value(key));
+  const auto before = store_.value(key);
+  if (!meant && before && std::holds_alternative<Bytes>(*before)) {
+    return std::unexpected(Complaint{
+        .status = Complaint::badCommandLine,
+        .line = "'" + printable(key) + "' holds data, which no text replaces; name a type to replace it all the same"});
+  }
+  if (!meant) meant = typeOf(before);
   const Type type = meant.value_or(lookOf(text));
   auto value = parsedAs(type, text);
   if (!value) {

@@ -17,7 +17,8 @@ struct PrefsRequest {
   bool group = false;
   std::optional<std::string> key;
   std::optional<std::string> value;
-  /// How the value is meant; absent takes the type that the key has, else the one that the value looks like.
+  /// How the value is meant; absent takes the type that quibbly reads the key as, else the one that it has, else
+  /// the one that the value looks like.
   std::optional<Type> type;
   bool remove = false;
 

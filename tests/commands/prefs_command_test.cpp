@@ -48,6 +48,7 @@ TEST_F(Prefs, are_set_to_the_type_named_or_known_or_had_or_looked_like) {
       {{"new", "true"}, "new", std::int64_t{1}},
       {{"pauseRoastsUntil", "1900000000"}, "pauseRoastsUntil", 1900000000.0},
       {{"hideFromDock", "yes"}, "hideFromDock", std::int64_t{1}},
+      {{"name", "nan"}, "name", std::string("nan")},
   };
   for (const auto& [words, key, value] : cases) {
     EXPECT_EQ(prefs(words), "") << key;
@@ -57,10 +58,13 @@ TEST_F(Prefs, are_set_to_the_type_named_or_known_or_had_or_looked_like) {
 
 TEST_F(Prefs, a_wrong_value_or_key_is_named_and_changes_nothing) {
   ASSERT_FALSE(store_.set("int", std::int64_t{5}));
+  ASSERT_FALSE(store_.set("data", Bytes(3)));
   const std::pair<std::vector<const char*>, const char*> cases[] = {
       {{"int", "many"}, "'many' will not do for 'int': it takes a whole number, such as 3"},
       {{"int", "1.5", "--int"}, "whole number"},
       {{"randomRoastIntervalMinutes", "5.0"}, "whole number"},
+      {{"pauseRoastsUntil", "inf"}, "it takes a number"},
+      {{"data", "x"}, "'data' holds data"},
       {{"int", "9223372036854775808", "--int"}, "whole number"},
       {{"int", "", "--double"}, "a number, such as 0.5"},
       {{"int", "maybe", "--bool"}, "true or false"},
@@ -77,7 +81,7 @@ TEST_F(Prefs, a_wrong_value_or_key_is_named_and_changes_nothing) {
     EXPECT_THAT(outcome.error().line, HasSubstr(named));
   }
   EXPECT_EQ(store_.get<std::int64_t>("int"), 5);
-  EXPECT_EQ(store_.all().size(), 1U);
+  EXPECT_EQ(store_.all().size(), 2U);
 }
 
 TEST_F(Prefs, are_removed_and_a_store_that_does_not_open_is_said) {
