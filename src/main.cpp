@@ -49,7 +49,7 @@ int run(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  prepareStandardStreams();
+  prepareStandardStreams("quibbly");
   try {
     return run(argc, argv);
   } catch (const std::exception& error) {

@@ -4,6 +4,8 @@
 #include <cstdlib>
 #include <exception>
 #include <span>
+#include <string_view>
+#include <unistd.h>
 
 #include <QCoreApplication>
 
@@ -61,8 +63,13 @@ int run(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  prepareStandardStreams();
-  // A machine without memory makes no roast, and the widget that asked for one has no use for the reason.
-  std::set_terminate([] { std::_Exit(0); });
+  prepareStandardStreams("quibbly-roast-me");
+  // A machine without memory makes no roast, and the widget that asked for one can do nothing about it.
+  std::set_terminate([] {
+    constexpr std::string_view why =
+        "quibbly-roast-me: no roast was made, for lack of memory or by a fault of its own\n";
+    (void)!::write(STDERR_FILENO, why.data(), why.size());
+    std::_Exit(0);
+  });
   return run(argc, argv);
 }

@@ -14,7 +14,6 @@ class FileSystem {
   virtual ~FileSystem() = default;
   /// Makes the directory and those above it, for the user alone; nothing happens when it exists.
   [[nodiscard]] virtual std::error_code createDirectories(const std::filesystem::path& directory) = 0;
-  [[nodiscard]] virtual bool directoryExists(const std::filesystem::path& directory) = 0;
   /// The whole content of a regular file of at most 1 MiB. Anything else in its place is an error: a larger file, a
   /// directory, a fifo, a symbolic link. Never waits for a writer.
   [[nodiscard]] virtual std::expected<std::string, std::error_code> read(const std::filesystem::path& file) = 0;

@@ -18,9 +18,6 @@ class FailingFileSystem : public FileSystem {
   [[nodiscard]] std::error_code createDirectories(const std::filesystem::path& directory) override {
     return fails() ? failure() : real_.createDirectories(directory);
   }
-  [[nodiscard]] bool directoryExists(const std::filesystem::path& directory) override {
-    return !fails() && real_.directoryExists(directory);
-  }
   [[nodiscard]] std::expected<std::string, std::error_code> read(const std::filesystem::path& file) override {
     if (fails()) return std::unexpected(failure());
     return real_.read(file);

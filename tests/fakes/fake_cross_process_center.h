@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -15,7 +16,7 @@ class FakeCrossProcessCenter : public CrossProcessCenter {
   void post(std::string_view name) override {
     posts.emplace_back(name);
     for (const Observer& o : std::vector(observers_)) {
-      if (o.name == name) o.callback(o.observer);
+      if (o.name == name && std::ranges::find(observers_, o) != observers_.end()) o.callback(o.observer);
     }
   }
   void addObserver(void* observer, Callback callback, std::string_view name) override {
@@ -30,6 +31,8 @@ class FakeCrossProcessCenter : public CrossProcessCenter {
     void* observer;
     Callback callback;
     std::string name;
+
+    bool operator==(const Observer&) const = default;
   };
   std::vector<Observer> observers_;
 };

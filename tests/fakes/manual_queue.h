@@ -18,7 +18,14 @@ namespace quibbly::fakes {
 /// A main queue whose clock stands still until the test moves it.
 class ManualQueue : public MainQueue {
  public:
-  ~ManualQueue() override { dropTasks(); }
+  ~ManualQueue() override {
+    dropTasks();
+    for (bool isLeft = true; isLeft;) {
+      const auto posted = std::exchange(posted_, {});
+      const auto timed = timed_.takeDue(ContinuousClock::time_point::max());
+      isLeft = !posted.empty() || timed;
+    }
+  }
 
   void post(Work work) override {
     const std::lock_guard lock(mutex_);

@@ -1,5 +1,6 @@
 #include "platform/linux/dbus_widget_center.h"
 
+#include <algorithm>
 #include <string>
 #include <utility>
 
@@ -10,6 +11,15 @@ constexpr const char* path = "/org/quibbly/WidgetCenter";
 constexpr const char* interface = "org.quibbly.WidgetCenter1";
 constexpr std::string_view widgetNames = "org.quibbly.Quibbly.RoastWidget.";
 
+/// The kind of widget that owns the name, which is KIND.iPID; absent when it is no widget's.
+std::optional<std::string_view> kindOf(std::string_view name) {
+  const std::size_t dot = name.rfind('.');
+  const std::string_view process = name.substr(std::min(dot + 1, name.size()));
+  const bool isWidget = name.starts_with(widgetNames) && process.size() > 1 && process.front() == 'i' &&
+                        process.find_first_not_of("0123456789", 1) == std::string_view::npos;
+  return isWidget ? std::optional(name.substr(0, dot)) : std::nullopt;
+}
+
 /// The kinds among the names of a bus; absent when the answer is an error or anything else.
 WidgetCenter::Configurations kindsIn(sd_bus_message* names) {
   if (names == nullptr || sd_bus_message_enter_container(names, 'a', "s") < 0) return std::nullopt;
@@ -17,8 +27,7 @@ WidgetCenter::Configurations kindsIn(sd_bus_message* names) {
   const char* name = nullptr;
   int got = 0;
   while ((got = sd_bus_message_read_basic(names, 's', static_cast<void*>(&name))) > 0) {
-    const std::string_view text = name;
-    if (text.starts_with(widgetNames)) kinds.emplace_back(text.substr(0, text.rfind('.')));
+    if (const auto kind = kindOf(name)) kinds.emplace_back(*kind);
   }
   return got == 0 ? WidgetCenter::Configurations(std::move(kinds)) : std::nullopt;
 }

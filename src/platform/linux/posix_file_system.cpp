@@ -18,6 +18,11 @@ std::error_code lastError() { return {errno, std::generic_category()}; }
 
 std::error_code made(std::errc error) { return std::make_error_code(error); }
 
+bool directoryExists(const std::filesystem::path& directory) {
+  struct stat status{};
+  return ::stat(directory.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+}
+
 }  // namespace
 
 std::error_code PosixFileSystem::createDirectories(const std::filesystem::path& directory) {
@@ -28,11 +33,6 @@ std::error_code PosixFileSystem::createDirectories(const std::filesystem::path& 
   if (errno != ENOENT || !directory.has_relative_path()) return lastError();
   if (const std::error_code error = createDirectories(directory.parent_path())) return error;
   return ::mkdir(directory.c_str(), forTheUserAlone) == 0 || errno == EEXIST ? std::error_code() : lastError();
-}
-
-bool PosixFileSystem::directoryExists(const std::filesystem::path& directory) {
-  struct stat status{};
-  return ::stat(directory.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
 }
 
 std::expected<std::string, std::error_code> PosixFileSystem::read(const std::filesystem::path& file) {

@@ -9,7 +9,6 @@ namespace quibbly::linux_services {
 class PosixFileSystem final : public FileSystem {
  public:
   [[nodiscard]] std::error_code createDirectories(const std::filesystem::path& directory) override;
-  [[nodiscard]] bool directoryExists(const std::filesystem::path& directory) override;
   [[nodiscard]] std::expected<std::string, std::error_code> read(const std::filesystem::path& file) override;
   [[nodiscard]] std::error_code writeNew(const std::filesystem::path& file, std::string_view content) override;
   [[nodiscard]] std::error_code replace(const std::filesystem::path& file, const std::filesystem::path& with) override;

@@ -101,7 +101,7 @@ SessionBus::AttachmentId SessionBus::subscribe(std::string rule, std::function<v
 }
 
 void SessionBus::attachTo(Attachment& attachment) {
-  attachment.isAttached = true;
+  if (std::exchange(attachment.isAttached, true)) return;
   attachment.slot.reset(attachment.attach(bus_.get()));
 }
 

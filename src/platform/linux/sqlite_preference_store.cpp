@@ -1,5 +1,6 @@
 #include "platform/linux/sqlite_preference_store.h"
 
+#include <cerrno>
 #include <cstring>
 #include <fcntl.h>
 #include <future>
@@ -36,13 +37,13 @@ constexpr const char* startNewLog =
 
 constexpr int longLogPages = 1000;
 
-/// SQLite would make the file readable for everybody that the user's mask lets in; the files beside it take its mode.
+/// SQLite would make the file readable for everybody that the user's mask lets in; the files beside it take its mode. One
+/// that is there is not opened: closing it again would drop the locks that this process has on it by other connections.
 bool makeFile(const std::filesystem::path& file) {
   constexpr mode_t forTheUserAlone = 0600;
   if (PosixFileSystem().createDirectories(file.parent_path())) return false;
-  const FileDescriptor made(
-      ::open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, forTheUserAlone));
-  return static_cast<bool>(made);
+  const FileDescriptor made(::open(file.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, forTheUserAlone));
+  return made || errno == EEXIST;
 }
 
 /// Null when the file cannot be opened.
@@ -122,7 +123,9 @@ class SqlitePreferenceStore::Database {
     while (sqlite3_step(list_.get()) == SQLITE_ROW) {
       const auto key = columnValue(list_.get(), 0);
       auto value = columnValue(list_.get(), 1);
-      if (key && value) values.emplace(std::get<std::string>(*key), std::move(*value));
+      // Another program may have stored a key that is no text; nobody can ask for it here.
+      const auto* const name = key ? std::get_if<std::string>(&*key) : nullptr;
+      if (name != nullptr && value) values.emplace(*name, std::move(*value));
     }
     sqlite3_reset(list_.get());
     return values;

@@ -10,7 +10,14 @@
 
 namespace quibbly::linux_services {
 
-void prepareStandardStreams() {
+namespace {
+
+std::string_view program;
+
+}  // namespace
+
+void prepareStandardStreams(std::string_view programName) {
+  program = programName;
   for (const int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
     if (::fcntl(descriptor, F_GETFD) != -1 || errno != EBADF) continue;
     // The lowest free number is the one that is missing. Opened the wrong way round, it still fails as a closed one does.
@@ -20,7 +27,8 @@ void prepareStandardStreams() {
 }
 
 void complain(std::string_view message) {
-  [[maybe_unused]] const std::error_code unheard = writeAll(STDERR_FILENO, "quibbly: " + std::string(message) + "\n");
+  [[maybe_unused]] const std::error_code unheard =
+      writeAll(STDERR_FILENO, std::string(program) + ": " + std::string(message) + "\n");
 }
 
 bool printOrComplain(std::string_view text) {

@@ -84,6 +84,17 @@ class QtMainQueue::Loop : public QObject {
     watchers_.erase(found);
   }
 
+  /// What goes may own what posts, schedules and cancels.
+  void drop() {
+    for (bool isLeft = true; isLeft;) {
+      std::unique_lock lock(mutex_);
+      const auto posted = std::exchange(posted_, {});
+      lock.unlock();
+      const auto timed = timed_.takeDue(ContinuousClock::time_point::max());
+      isLeft = !posted.empty() || timed;
+    }
+  }
+
  protected:
   void customEvent(QEvent*) override {
     std::unique_lock lock(mutex_);
@@ -121,7 +132,10 @@ class QtMainQueue::Loop : public QObject {
 };
 
 QtMainQueue::QtMainQueue() : loop_(std::make_unique<Loop>()) {}
-QtMainQueue::~QtMainQueue() { dropTasks(); }
+QtMainQueue::~QtMainQueue() {
+  dropTasks();
+  loop_->drop();
+}
 
 void QtMainQueue::post(Work work) { loop_->post(std::move(work)); }
 MainQueue::TimerId QtMainQueue::runAt(ContinuousClock::time_point deadline, Work work) {

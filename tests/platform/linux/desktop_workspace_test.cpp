@@ -94,7 +94,7 @@ TEST(DesktopWorkspace, what_it_starts_is_a_program_of_its_own_that_leaves_no_zom
   ::sigemptyset(&blocked);
   ::sigaddset(&blocked, SIGTERM);
   ::pthread_sigmask(SIG_BLOCK, &blocked, &before);
-  prepareStandardStreams();  // ignores SIGPIPE and SIGXFSZ
+  prepareStandardStreams("test");  // ignores SIGPIPE and SIGXFSZ
   const Programs programs(
       "xdg-open",
       "mask() { sed -n \"s/^$1:\\t/0x/p\" /proc/$$/status; }\n"

@@ -91,6 +91,16 @@ class SqliteStore : public ::testing::Test {
   std::filesystem::path file_ = tree_.root() / "quibbly/store.db";
 };
 
+TEST_F(SqliteStore, leaves_out_a_key_that_another_program_stored_as_no_text) {
+  SqlitePreferenceStore store(file_);
+  ASSERT_EQ(store.set("key", std::int64_t{1}), std::error_code());
+  sqlite3* other = nullptr;
+  sqlite3_open(file_.c_str(), &other);
+  EXPECT_EQ(sqlite3_exec(other, "INSERT INTO preferences VALUES (x'01', 1)", nullptr, nullptr, nullptr), SQLITE_OK);
+  sqlite3_close(other);
+  EXPECT_EQ(store.all().size(), 1U);
+}
+
 TEST_F(SqliteStore, is_shared_by_its_openers_and_is_the_users_own) {
   ::umask(0);
   SqlitePreferenceStore one(file_);

@@ -72,7 +72,8 @@ TEST_F(OnTheBus, what_is_placed_is_what_owns_a_name_of_a_kind) {
   EXPECT_EQ(askForConfigurations(), Answers{{{}}});
   const fakes::BusPeer desktop(daemon_.address());
   for (const char* name : {"org.quibbly.Quibbly.RoastWidget.v6.i4242", "org.quibbly.Quibbly.RoastWidget.v6.i4243",
-                           "org.quibbly.Quibbly.RoastWidget.i1", "org.quibbly.Quibbly.RoastWidgets.i2"}) {
+                           "org.quibbly.Quibbly.RoastWidget.i1", "org.quibbly.Quibbly.RoastWidgets.i2",
+                           "org.quibbly.Quibbly.RoastWidget.v6", "org.quibbly.Quibbly.RoastWidget.v6.x1"}) {
     ASSERT_GE(sd_bus_request_name(desktop.get(), name, 0), 0) << name;
   }
   const Answers answers = askForConfigurations();

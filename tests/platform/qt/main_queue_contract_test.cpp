@@ -117,7 +117,14 @@ TEST_P(MainQueueContract, waiting_work_and_sleeping_tasks_go_with_the_queue) {
   bool slept = false;
   queue().post([&] { slept = true; });
   EXPECT_TRUE(running_.until([&] { return slept; }));
-  queue().post([owned] {});
+  // What goes with work may still use the queue.
+  MainQueue& going = queue();
+  const auto timer = going.runAt(going.now() + 2h, [owned] {});
+  std::shared_ptr<void> parting(nullptr, [&going, timer, owned](void*) {
+    going.cancel(timer);
+    going.post([owned] {});
+  });
+  going.post([parting = std::move(parting)] {});
   EXPECT_GT(owned.use_count(), 1);
   running_.queue.reset();
   EXPECT_EQ(owned.use_count(), 1);
