@@ -5,8 +5,6 @@
 
 namespace quibbly {
 
-inline constexpr std::string_view bundleIdentifier = "org.quibbly.Quibbly";
-
 /// What the widget is registered under, newest version first: the order in which timelines are reloaded.
 inline constexpr auto widgetKinds = std::to_array<std::string_view>({
     "org.quibbly.Quibbly.RoastWidget.v6",

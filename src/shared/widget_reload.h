@@ -19,7 +19,7 @@ class WidgetReload {
   void timelines();
 
   /// Every placed kind, then all; then `timelines` after 100, 300, 700, 1500 and 3000 ms, each counted from the one
-  /// before. Cancelled, it does the rest at once. The preview does not change what it does.
+  /// before. Cancelled, it does the rest as soon as the service has told what is placed. The preview does not change what it does.
   [[nodiscard]] Task<> afterRoastPublished(std::optional<std::string> preview);
 
  private:

@@ -54,9 +54,8 @@ class Application : public ::testing::Test {
   [[nodiscard]] std::string path(const char* name) const { return (tree_.root() / name).string(); }
   [[nodiscard]] std::string output() const { return contentOf(tree_.root() / "output"); }
 
-  pid_t start(const std::string& words, const std::string& to = "") {
-    const std::string command =
-        "exec '" QUIBBLY_PROGRAM "' " + words + " >>" + path("output") + " 2>&1 </dev/null " + to;
+  pid_t start(const std::string& words, const std::string& to = "", const std::string& program = QUIBBLY_PROGRAM) {
+    const std::string command = "exec '" + program + "' " + words + " >>" + path("output") + " 2>&1 </dev/null " + to;
     const pid_t child = ::fork();
     if (child == 0) {
       ::execl("/bin/sh", "sh", "-c", command.c_str(), nullptr);
@@ -136,6 +135,21 @@ TEST_F(Application, without_a_bus_runs_alone_and_keeps_the_second_out) {
   ASSERT_FALSE(home_.storage.write(pending, "pendingNotify.json"));
   EXPECT_TRUE(untilSaid("Notifications denied. System Settings → Notifications → quibbly."));
   EXPECT_EQ(application.end(SIGINT), 0);
+}
+
+TEST_F(Application, the_program_for_widgets_tells_the_bus_once_and_redraws_five_times) {
+  SessionBus bus(queue_, daemon_.address());
+  int requests = 0;
+  int redraws = 0;
+  bool ready = false;
+  bus.subscribe("type='signal',interface='org.quibbly.Quibbly',member='roastRequest'", [&] { ++requests; });
+  bus.subscribe("type='signal',interface='org.quibbly.WidgetCenter1',member='ReloadAllTimelines'", [&] { ++redraws; });
+  bus.call(bus.newCall("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "GetId"),
+           [&](sd_bus_message*) { ready = true; });
+  ASSERT_TRUE(until([&] { return ready; }));
+  EXPECT_EQ(Process(start("--verbose", "", QUIBBLY_ROAST_ME)).wait(), 0);
+  EXPECT_TRUE(until([&] { return requests == 1 && redraws == 5; })) << requests << " and " << redraws;
+  EXPECT_EQ(output(), home_.store.lastRoast()->text + "\n");
 }
 
 TEST_F(Application, says_that_nobody_can_read_its_output) {

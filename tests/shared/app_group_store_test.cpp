@@ -180,27 +180,5 @@ TEST_F(GroupStore, without_a_container_the_preferences_still_get_their_keys) {
   EXPECT_EQ(store.lastRoast(), someRoast());
 }
 
-TEST(UserTextTest, tells_utf8_from_other_bytes) {
-  const linux_services::IcuUserText text;
-  for (const char* good : {"", "plain", "‘ö’", "👩‍👩‍👧‍👦", "\xf4\x8f\xbf\xbf"})
-    EXPECT_TRUE(text.isUtf8(good)) << good;
-  for (const char* bad : {"\xff", "\xc3", "\xc0\xaf", "\xed\xa0\x80", "\xf4\x90\x80\x80", "a\x80"}) {
-    EXPECT_FALSE(text.isUtf8(bad)) << bad;
-  }
-  EXPECT_TRUE(text.isUtf8(std::string_view("\0x", 2)));
-}
-
-TEST(UserTextTest, counts_characters_as_people_do) {
-  const linux_services::IcuUserText text;
-  const std::string family = "👩‍👩‍👧‍👦";
-  const std::string flag = "🇬🇧";
-  const std::string accented = "e\u0301";
-  EXPECT_EQ(text.firstCharacters(family + flag + accented + "x", 3), family + flag + accented);
-  EXPECT_EQ(text.firstCharacters(family + flag, 2), family + flag);
-  EXPECT_EQ(text.firstCharacters(std::string(100, 'a'), 80), std::string(80, 'a'));
-  EXPECT_EQ(text.firstCharacters("short", 80), "short");
-  EXPECT_EQ(text.firstCharacters("a\xff\x62\x63", 3), "a\xff\x62");
-}
-
 }  // namespace
 }  // namespace quibbly

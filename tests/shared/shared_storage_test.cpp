@@ -121,14 +121,5 @@ TEST_F(Storage, whatever_is_no_file_of_ours_reads_as_corrupt_and_never_waits) {
   EXPECT_THAT(names(), ElementsAre("file.json"));
 }
 
-TEST(SharedStorageErrorTest, says_what_failed) {
-  using enum SharedStorageError;
-  EXPECT_EQ(make_error_code(appGroupUnavailable).message(),
-            "App Group container is unavailable. Check entitlements and App Group ID.");
-  EXPECT_EQ(make_error_code(encodingFailed).message(), "Failed to encode shared JSON.");
-  EXPECT_EQ(make_error_code(decodingFailed).message(), "Failed to decode shared JSON (missing or corrupt).");
-  EXPECT_EQ(make_error_code(writeFailed).message(), "Failed to write shared JSON.");
-}
-
 }  // namespace
 }  // namespace quibbly

@@ -95,7 +95,7 @@ TEST(DamagedHome, is_roasted_in_time_and_loses_nothing) {
   for (auto& run : runs) {
     const Outcome outcome = run.get();
     EXPECT_THAT(outcome.output, ::testing::MatchesRegex("[^\n]+\nstatus 0\n")) << outcome.what;
-    EXPECT_LT(outcome.took, 30s) << outcome.what;
+    EXPECT_LT(outcome.took, 15s) << outcome.what;
     EXPECT_THAT(outcome.faults, ::testing::IsEmpty()) << outcome.what;
   }
   sqlite3_close(locker);
