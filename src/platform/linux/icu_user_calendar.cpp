@@ -18,6 +18,7 @@ namespace {
 
 /// Year, abbreviated month, day, and the hour and minute as the locale counts hours.
 constexpr std::u16string_view dateAndTimeParts = u"yMMMdjmm";
+constexpr std::u16string_view timeParts = u"jmm";
 
 struct CloseCalendar {
   void operator()(UCalendar* calendar) const { ucal_close(calendar); }
@@ -93,7 +94,7 @@ std::string distanceToUtc() {
   const std::time_t now = std::time(nullptr);
   std::tm local{};
   ::tzset();
-  ::localtime_r(&now, &local);
+  (void)::localtime_r(&now, &local);
   const long minutes = std::labs(local.tm_gmtoff) / 60;
   std::array<char, 32> text{};
   (void)std::snprintf(text.data(), text.size(), "GMT%c%02ld:%02ld", local.tm_gmtoff < 0 ? '-' : '+', minutes / 60,
@@ -135,12 +136,16 @@ UserCalendar::Moment IcuUserCalendar::startOfDay(Moment moment) const {
   return momentOf(ucal_getMillis(calendar.get(), &status));
 }
 
-std::string IcuUserCalendar::dateAndTime(Moment moment) const {
+std::string IcuUserCalendar::dateAndTime(Moment moment) const { return written(moment, dateAndTimeParts); }
+
+std::string IcuUserCalendar::timeOfDay(Moment moment) const { return written(moment, timeParts); }
+
+/// The parts of the moment in the order and with the words of the locale.
+std::string IcuUserCalendar::written(Moment moment, std::u16string_view parts) const {
   const icu::UnicodeString zone = icu::UnicodeString::fromUTF8(zone_());
-  const icu::UnicodeString pattern = textFrom([this](char16_t* text, int room, UErrorCode* status) {
+  const icu::UnicodeString pattern = textFrom([&](char16_t* text, int room, UErrorCode* status) {
     const Patterns patterns(udatpg_open(locale_.c_str(), status));
-    return udatpg_getBestPattern(patterns.get(), dateAndTimeParts.data(), static_cast<int>(dateAndTimeParts.size()),
-                                 text, room, status);
+    return udatpg_getBestPattern(patterns.get(), parts.data(), static_cast<int>(parts.size()), text, room, status);
   });
   return utf8(textFrom([&](char16_t* text, int room, UErrorCode* status) {
     const Format format(udat_open(UDAT_PATTERN, UDAT_PATTERN, locale_.c_str(), zone.getBuffer(), zone.length(),

@@ -30,12 +30,15 @@ class IcuUserCalendar final : public UserCalendar {
   [[nodiscard]] Day day(Moment moment) const override;
   [[nodiscard]] Moment startOfDay(Moment moment) const override;
   [[nodiscard]] std::string dateAndTime(Moment moment) const override;
+  [[nodiscard]] std::string timeOfDay(Moment moment) const override;
 
   /// That of `TZ`, else of the machine, as it is now. Rules without a name give the distance to UTC that they have now,
   /// as in "GMT+03:30".
   [[nodiscard]] static std::string hostZone();
 
  private:
+  [[nodiscard]] std::string written(Moment moment, std::u16string_view parts) const;
+
   std::string locale_;
   Zone zone_;
 };

@@ -23,6 +23,7 @@ TEST(UserCalendar, writes_dates_as_the_locale_of_dates_does) {
   for (const auto& [names, text] : cases) {
     EXPECT_EQ(IcuUserCalendar(dateLocale(names), [] { return "Europe/London"; }).dateAndTime(moment), text);
   }
+  EXPECT_EQ(IcuUserCalendar("en_GB").timeOfDay(moment), "00:30");
 }
 
 TEST(UserCalendar, writes_english_when_nobody_says_otherwise) {
