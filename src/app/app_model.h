@@ -26,6 +26,9 @@
 
 namespace quibbly {
 
+/// Notifications a day when nobody said how many.
+inline constexpr std::int64_t defaultDailyRoastLimit = 3;
+
 /// What the program knows and does while nobody clicks: it samples the machine, scores the mood, makes roasts, publishes
 /// them for widgets, answers what widgets ask, and keeps the daily limit and the pause. Views show its fields and call its
 /// operations; `statusMessage` is where every outcome is told.

@@ -15,5 +15,11 @@ inline constexpr const char* pauseRoastsUntil = "pauseRoastsUntil";
 inline constexpr const char* hideFromDock = "hideFromDock";
 /// Integer: a raw value of `RandomRoastInterval`.
 inline constexpr const char* randomRoastIntervalMinutes = "randomRoastIntervalMinutes";
+/// String: a raw value of `Intensity`. Nothing but the settings reads this and the two that follow.
+inline constexpr const char* intensity = "intensity";
+/// Integer, 0 or 1.
+inline constexpr const char* allowHarshLanguage = "allowHarshLanguage";
+/// Integer, 0 or 1; 1 when it is missing.
+inline constexpr const char* includeAppNames = "includeAppNames";
 
 }  // namespace quibbly::preference_keys

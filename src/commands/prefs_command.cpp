@@ -77,6 +77,9 @@ std::optional<Type> knownTypeOf(std::string_view key) {
       {preference_keys::pauseRoastsUntil, Type::real},
       {preference_keys::hideFromDock, Type::boolean},
       {preference_keys::randomRoastIntervalMinutes, Type::integer},
+      {preference_keys::intensity, Type::text},
+      {preference_keys::allowHarshLanguage, Type::boolean},
+      {preference_keys::includeAppNames, Type::boolean},
   });
   const auto* const found = std::ranges::find(types, key, &std::pair<std::string_view, Type>::first);
   if (found == types.end()) return std::nullopt;
