@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QWidget>
+
+#include "ui/qt/program_version.h"
+
+namespace quibbly {
+
+/// The card with the program's artwork, name and version.
+class AboutView : public QWidget {
+ public:
+  /// The smaller variant, or the full one.
+  enum class Variant { compact, full };
+
+  /// Room around the card, for its shadow. In a form that is eight more than the overhang: the card's inset.
+  static constexpr int shadowRoom = 16;
+
+  /// With a card of this height; it is as wide as there is room.
+  AboutView(Variant variant, int cardHeight, const ProgramVersion& program, QWidget* parent = nullptr);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void changeEvent(QEvent* event) override;
+
+ private:
+  struct Sizes;
+
+  void paintCard(QPainter& painter, const QRectF& card) const;
+  void paintText(QPainter& painter, const QRectF& area) const;
+
+  Variant variant_;
+  QString versionText_;
+};
+
+}  // namespace quibbly

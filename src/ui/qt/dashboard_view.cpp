@@ -1,0 +1,77 @@
+#include "ui/qt/dashboard_view.h"
+
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+
+#include "ui/qt/about_view.h"
+#include "ui/qt/widgets/divider.h"
+#include "ui/qt/widgets/grouped_form.h"
+#include "ui/qt/widgets/label.h"
+#include "ui/qt/widgets/push_button.h"
+#include "ui/qt/widgets/text.h"
+
+namespace quibbly {
+namespace {
+
+constexpr QSize atFirst(560, 440);
+constexpr QSize smallest(520, 400);
+constexpr int headerSides = 16;
+constexpr int headerAboveAndBelow = 6;
+constexpr int aroundTheRoast = 4;
+constexpr int cardHeight = 180;
+
+std::vector<std::pair<QString, QString>> texts(const std::vector<DashboardContents::Row>& rows) {
+  std::vector<std::pair<QString, QString>> all;
+  all.reserve(rows.size());
+  for (const auto& row : rows) all.emplace_back(qtText(row.label), qtText(row.value));
+  return all;
+}
+
+QLayout* header(const std::function<void()>& roast) {
+  auto* const layout = new QHBoxLayout;
+  layout->setContentsMargins(headerSides, headerAboveAndBelow, headerSides, headerAboveAndBelow);
+  auto* const title = new Label(FontRole::headline);
+  title->setText("Dashboard");
+  auto* const button = new PushButton("Roast me now");
+  QObject::connect(button, &QAbstractButton::clicked, button, roast);
+  layout->addWidget(title);
+  layout->addStretch();
+  layout->addWidget(button);
+  return layout;
+}
+
+}  // namespace
+
+DashboardView::DashboardView(const std::function<void()>& roast, const ProgramVersion& version)
+    : roast_(new Label(FontRole::body)) {
+  setWindowTitle("quibbly Dashboard");
+  auto* const inside = new QWidget;
+  auto* const layout = new QVBoxLayout(inside);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->setSpacing(0);
+  layout->addLayout(header(roast));
+  layout->addWidget(new Divider);
+  auto* const form = new GroupedForm;
+  layout->addWidget(form);
+  today_ = &form->addSection("Today");
+  today_->addText(roast_);
+  roast_->setContentsMargins(0, aroundTheRoast, 0, aroundTheRoast);
+  estimates_ = &form->addSection("Live estimates");
+  form->addBare(new AboutView(AboutView::Variant::full, cardHeight, version));
+  setCentralWidget(inside);
+  // Nothing has the keyboard before the user reaches for it.
+  inside->setFocusPolicy(Qt::StrongFocus);
+  inside->setFocus();
+  setMinimumSize(smallest);
+  resize(atFirst);
+}
+
+void DashboardView::update(const DashboardContents& contents) {
+  today_->showValues(texts(contents.today));
+  roast_->setTextIfChanged(qtText(contents.roast ? *contents.roast : DashboardContents::noRoast));
+  roast_->setRole(contents.roast ? Colour::primary : Colour::secondary);
+  estimates_->setVisible(contents.estimates.has_value());
+  if (contents.estimates) estimates_->showValues(texts(*contents.estimates));
+}
+
+}  // namespace quibbly

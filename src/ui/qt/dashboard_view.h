@@ -1,0 +1,29 @@
+#pragma once
+
+#include <functional>
+
+#include <QMainWindow>
+
+#include "ui/dashboard_contents.h"
+#include "ui/qt/program_version.h"
+
+namespace quibbly {
+
+class FormSection;
+class Label;
+
+/// The dashboard: an ordinary window with the mood, the roast, the estimates and the card.
+class DashboardView : public QMainWindow {
+ public:
+  /// `roast` is what the button in the title's row does.
+  DashboardView(const std::function<void()>& roast, const ProgramVersion& version);
+
+  void update(const DashboardContents& contents);
+
+ private:
+  FormSection* today_ = nullptr;
+  Label* roast_;
+  FormSection* estimates_ = nullptr;
+};
+
+}  // namespace quibbly

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QAbstractButton>
+
+namespace quibbly {
+
+/// A command as a row of its own: the title at the left, the shortcut at the right.
+class CommandButton : public QAbstractButton {
+ public:
+  /// How far the row's ground reaches beyond its text at both sides.
+  static constexpr int overhang = 6;
+
+  explicit CommandButton(const QString& title, const QKeySequence& keys = {}, QWidget* parent = nullptr);
+
+  [[nodiscard]] QSize sizeHint() const override;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  void enterEvent(QEnterEvent* event) override;
+  void leaveEvent(QEvent* event) override;
+
+ private:
+  QString shortcutText_;
+};
+
+}  // namespace quibbly

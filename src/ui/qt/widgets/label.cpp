@@ -1,0 +1,62 @@
+#include "ui/qt/widgets/label.h"
+
+#include <QApplication>
+#include <QEvent>
+
+namespace quibbly {
+
+Label::Label(FontRole role, Colour colour, QWidget* parent) : QLabel(parent), role_(role), colour_(colour) {
+  setTextFormat(Qt::PlainText);
+  follow();
+}
+
+void Label::setRole(Colour colour) {
+  colour_ = colour;
+  follow();
+}
+
+void Label::setFontRole(FontRole role) {
+  role_ = role;
+  follow();
+}
+
+void Label::setWeight(QFont::Weight weight) {
+  weight_ = weight;
+  follow();
+}
+
+void Label::setMonospaced() {
+  isMonospaced_ = true;
+  follow();
+}
+
+void Label::setWraps() {
+  setWordWrap(true);
+  // A label that wraps has no width of its own, and its height is that of its text at the width that it gets.
+  setMinimumWidth(1);
+  QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Minimum);
+  policy.setHeightForWidth(true);
+  setSizePolicy(policy);
+}
+
+void Label::setTextIfChanged(const QString& text) {
+  if (text != this->text()) setText(text);
+}
+
+void Label::changeEvent(QEvent* event) {
+  QLabel::changeEvent(event);
+  if (event->type() == QEvent::ApplicationFontChange || event->type() == QEvent::PaletteChange) follow();
+}
+
+void Label::follow() {
+  QFont wanted = isMonospaced_ ? monospacedBody() : fontOf(role_);
+  if (weight_) wanted.setWeight(*weight_);
+  if (font() != wanted) setFont(wanted);
+  QPalette colours = palette();
+  const QColor ink = colourOf(colour_);
+  if (colours.color(QPalette::WindowText) == ink) return;
+  colours.setColor(QPalette::WindowText, ink);
+  setPalette(colours);
+}
+
+}  // namespace quibbly
