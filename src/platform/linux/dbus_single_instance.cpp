@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <memory>
 #include <utility>
 
 #include "platform/linux/own_names.h"
@@ -37,17 +38,18 @@ int open(sd_bus_message* call, void* self, sd_bus_error* error) {
     urls.emplace_back(url);
   }
   if (got < 0) return got;
-  return answer(call, error,
-                instance(self).pass([urls = std::move(urls)](const auto& requests) { requests.open(urls); }));
+  const bool isPassed = instance(self).pass([urls = std::move(urls)](const auto& requests) { requests.open(urls); });
+  return answer(call, error, isPassed);
 }
 
 int activateAction(sd_bus_message* call, void* self, sd_bus_error* error) {
-  const char* action = nullptr;
-  const int got = sd_bus_message_read_basic(call, 's', static_cast<void*>(&action));
+  const char* name = nullptr;
+  const int got = sd_bus_message_read_basic(call, 's', static_cast<void*>(&name));
   if (got < 0) return got;
-  if (std::strlen(action) > SingleInstance::longestUrl) return refuse(error, "Too long a name of an action.");
-  return answer(call, error,
-                instance(self).pass([action = std::string(action)](const auto& requests) { requests.action(action); }));
+  if (std::strlen(name) > SingleInstance::longestUrl) return refuse(error, "Too long a name of an action.");
+  const auto action = std::make_shared<const std::string>(name);
+  const bool isPassed = instance(self).pass([action](const auto& requests) { requests.action(*action); });
+  return answer(call, error, isPassed);
 }
 
 const sd_bus_vtable methods[] = {

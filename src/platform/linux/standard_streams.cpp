@@ -12,12 +12,15 @@ namespace quibbly::linux_services {
 
 namespace {
 
-std::string_view program;
+std::string_view& program() {
+  static std::string_view name;
+  return name;
+}
 
 }  // namespace
 
 void prepareStandardStreams(std::string_view programName) {
-  program = programName;
+  program() = programName;
   for (const int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
     if (::fcntl(descriptor, F_GETFD) != -1 || errno != EBADF) continue;
     // The lowest free number is the one that is missing. Opened the wrong way round, it still fails as a closed one does.
@@ -28,7 +31,7 @@ void prepareStandardStreams(std::string_view programName) {
 
 void complain(std::string_view message) {
   [[maybe_unused]] const std::error_code unheard =
-      writeAll(STDERR_FILENO, std::string(program) + ": " + std::string(message) + "\n");
+      writeAll(STDERR_FILENO, std::string(program()) + ": " + std::string(message) + "\n");
 }
 
 bool printOrComplain(std::string_view text) {
