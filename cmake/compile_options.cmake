@@ -7,6 +7,8 @@ target_compile_options(quibbly_options INTERFACE
   -Wno-missing-field-initializers
   # Equal samples give bit-equal scores on every build: a fused multiply-add rounds once where the formula rounds twice.
   -ffp-contract=off)
+# Qt would take the words signals, slots and emit for itself.
+target_compile_definitions(quibbly_options INTERFACE QT_NO_KEYWORDS)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
   # g++ 12 sees an overlap in every literal that a string is added to.
   target_compile_options(quibbly_options INTERFACE -Wno-restrict)

@@ -3,12 +3,14 @@
 #include <filesystem>
 
 #include "machine/environment.h"
+#include "platform/linux/any_tray_host.h"
 #include "platform/linux/dbus_cross_process_center.h"
 #include "platform/linux/dbus_notification_center.h"
 #include "platform/linux/dbus_single_instance.h"
 #include "platform/linux/dbus_widget_center.h"
 #include "platform/linux/desktop_workspace.h"
 #include "platform/linux/lock_file.h"
+#include "platform/linux/portal_appearance.h"
 #include "platform/linux/session_bus.h"
 
 namespace quibbly {
@@ -36,6 +38,8 @@ struct Session::Services {
   LockFile lock{lockPath()};
   DBusSingleInstance instance{queue, bus, lock};
   DesktopWorkspace workspace{environment("XDG_CURRENT_DESKTOP"), environment("PATH")};
+  AnyTrayHost trayHost{queue, bus, environment("DISPLAY")};
+  PortalAppearance appearance{bus};
 };
 
 Session::Session(MainQueue& queue) : services_(std::make_unique<Services>(queue)) {}
@@ -46,5 +50,7 @@ CrossProcessCenter& Session::crossProcess() { return services_->crossProcess; }
 NotificationCenter& Session::notifications() { return services_->notifications; }
 SingleInstance& Session::instance() { return services_->instance; }
 Workspace& Session::workspace() { return services_->workspace; }
+TrayHost& Session::trayHost() { return services_->trayHost; }
+DesktopAppearance& Session::appearance() { return services_->appearance; }
 
 }  // namespace quibbly

@@ -3,9 +3,11 @@
 #include <memory>
 
 #include "platform/cross_process_center.h"
+#include "platform/desktop_appearance.h"
 #include "platform/main_queue.h"
 #include "platform/notification_center.h"
 #include "platform/single_instance.h"
+#include "platform/tray_host.h"
 #include "platform/widget_center.h"
 #include "platform/workspace.h"
 
@@ -25,6 +27,8 @@ class Session {
   [[nodiscard]] NotificationCenter& notifications();
   [[nodiscard]] SingleInstance& instance();
   [[nodiscard]] Workspace& workspace();
+  [[nodiscard]] TrayHost& trayHost();
+  [[nodiscard]] DesktopAppearance& appearance();
 
  private:
   struct Services;

@@ -4,13 +4,11 @@
 #include <array>
 #include <cerrno>
 #include <chrono>
-#include <csignal>
 #include <fcntl.h>
 #include <initializer_list>
 #include <poll.h>
 #include <string>
 #include <sys/ioctl.h>
-#include <sys/signalfd.h>
 #include <sys/stat.h>
 #include <utility>
 
@@ -19,23 +17,10 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr std::string_view takeOver = "\x1b[?1049h\x1b[?25l\x1b[H\x1b[2J";
-constexpr std::string_view handBack = "\x1b[0m\x1b[?25h\x1b[?1049l";
+constexpr std::string_view beginScreen = "\x1b[?1049h\x1b[?25l\x1b[H\x1b[2J";
+constexpr std::string_view endScreen = "\x1b[0m\x1b[?25h\x1b[?1049l";
 constexpr int patienceInMilliseconds = 100;
 constexpr auto untilDrawnAnew = 1s;
-
-constexpr std::initializer_list<int> endings = {SIGINT, SIGQUIT, SIGTERM, SIGHUP};
-/// What changes a terminal that is drawn on; without one these do what they always do.
-constexpr std::initializer_list<int> changes = {SIGWINCH, SIGTSTP, SIGCONT};
-
-sigset_t setOf(std::initializer_list<std::initializer_list<int>> groups) {
-  sigset_t set;
-  ::sigemptyset(&set);
-  for (const auto& group : groups) {
-    for (const int signal : group) ::sigaddset(&set, signal);
-  }
-  return set;
-}
 
 bool canBeDrawnOn(int output, std::string_view kind) {
   return ::isatty(output) != 0 && !kind.empty() && kind != "dumb";
@@ -54,11 +39,6 @@ FileDescriptor reopened(int output) {
 
 }  // namespace
 
-void blockTerminalSignals() {
-  const sigset_t all = setOf({endings, changes});
-  (void)::pthread_sigmask(SIG_BLOCK, &all, nullptr);
-}
-
 PosixTerminal::PosixTerminal(MainQueue& queue, std::string_view kind, int input, int output)
     : queue_(queue),
       input_(input),
@@ -76,27 +56,28 @@ Terminal::Size PosixTerminal::size() const {
 
 void PosixTerminal::open(Events events) {
   events_ = std::move(events);
-  const sigset_t heard = isInteractive_ ? setOf({endings, changes}) : setOf({endings});
-  const sigset_t others = setOf({changes});
-  if (!isInteractive_) (void)::pthread_sigmask(SIG_UNBLOCK, &others, nullptr);
-  signals_ = FileDescriptor(::signalfd(-1, &heard, SFD_NONBLOCK | SFD_CLOEXEC));
-  queue_.watch(signals_.get(), [this] { readSignals(); });
+  const auto hear = [this](int signal) { take(signal); };
+  if (isInteractive_) {
+    signals_.emplace(queue_, std::initializer_list<Signals>{endingSignals, terminalSignals}, hear);
+  } else {
+    letThrough(terminalSignals);
+    signals_.emplace(queue_, std::initializer_list<Signals>{endingSignals}, hear);
+  }
   if (readsKeys_) queue_.watch(input_, [this] { readKeys(); });
-  if (isInteractive_) take();
+  if (isInteractive_) takeOver();
 }
 
 void PosixTerminal::close() {
   if (!signals_) return;
   if (drawing_) queue_.cancel(*drawing_);
   drawing_.reset();
-  queue_.unwatch(signals_.get());
+  signals_.reset();
   if (readsKeys_) queue_.unwatch(input_);
   giveBack();
-  signals_ = FileDescriptor(-1);
 }
 
 /// Also when it was taken before: whoever stopped the program from outside has had the terminal since.
-void PosixTerminal::take() {
+void PosixTerminal::takeOver() {
   termios settings{};
   if (::tcgetattr(output_.get(), &settings) != 0) return;
   if (!before_) before_ = settings;
@@ -104,28 +85,24 @@ void PosixTerminal::take() {
   settings.c_cc[VMIN] = 1;
   settings.c_cc[VTIME] = 0;
   (void)::tcsetattr(output_.get(), TCSANOW, &settings);
-  (void)write(takeOver);
+  (void)write(beginScreen);
 }
 
 void PosixTerminal::giveBack() {
   if (!before_) return;
-  (void)write(handBack);
+  (void)write(endScreen);
   (void)::tcsetattr(output_.get(), TCSANOW, &*before_);
   before_.reset();
 }
 
-void PosixTerminal::readSignals() {
-  signalfd_siginfo signal{};
-  while (signals_ && ::read(signals_.get(), &signal, sizeof signal) == sizeof signal) {
-    const int number = static_cast<int>(signal.ssi_signo);
-    if (std::ranges::find(endings, number) != endings.end()) {
-      events_.end();
-    } else if (number == SIGTSTP) {
-      suspend();
-    } else {
-      if (number == SIGCONT) take();
-      events_.redraw();
-    }
+void PosixTerminal::take(int signal) {
+  if (std::ranges::find(endingSignals, signal) != endingSignals.end()) {
+    events_.end();
+  } else if (signal == SIGTSTP) {
+    suspend();
+  } else {
+    if (signal == SIGCONT) takeOver();
+    events_.redraw();
   }
 }
 

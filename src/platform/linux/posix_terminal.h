@@ -6,16 +6,14 @@
 #include <unistd.h>
 
 #include "platform/linux/file_descriptor.h"
+#include "platform/linux/signal_watch.h"
 #include "platform/main_queue.h"
 #include "platform/terminal.h"
 
 namespace quibbly::linux_services {
 
-/// Holds back the signals that `PosixTerminal` tells as events. To be called before any thread is started: all of them
-/// inherit it, and so do programs that are started, which have to undo it.
-void blockTerminalSignals();
-
 /// A terminal by termios and the control sequences that all of today's understand (ECMA-48, and xterm's alternate screen).
+/// `endingSignals` and `terminalSignals` have to be held back; without a terminal it lets the latter through.
 class PosixTerminal final : public Terminal {
  public:
   /// The kind is that of the output, if that is a terminal, as TERM has it.
@@ -35,9 +33,9 @@ class PosixTerminal final : public Terminal {
   /// Where in the input the next byte is.
   enum class Place { key, afterEscape, inSequence };
 
-  void take();
+  void takeOver();
   void giveBack();
-  void readSignals();
+  void take(int signal);
   void readKeys();
   void readKey(char byte);
   void suspend();
@@ -49,7 +47,7 @@ class PosixTerminal final : public Terminal {
   bool isInteractive_;
   bool readsKeys_;
   Events events_;
-  FileDescriptor signals_{-1};
+  std::optional<SignalWatch> signals_;
   std::optional<termios> before_;  // the terminal's settings, while it is taken
   std::optional<MainQueue::TimerId> drawing_;
   Place place_ = Place::key;

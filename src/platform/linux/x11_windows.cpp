@@ -4,26 +4,17 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
-#include <memory>
 #include <span>
 #include <string_view>
 #include <utility>
 #include <vector>
 
-#include <xcb/xcb.h>
+#include "platform/linux/x11_handles.h"
 
 namespace quibbly::linux_services {
 namespace {
 
-struct Free {
-  // The library hands out memory of the C library's.
-  void operator()(void* memory) const { std::free(memory); }  // NOLINT(*-no-malloc,*-owning-memory)
-};
-template <typename T>
-using Owned = std::unique_ptr<T, Free>;
-using Connection = std::unique_ptr<xcb_connection_t, decltype(&xcb_disconnect)>;
-using Property = Owned<xcb_get_property_reply_t>;
+using Property = XReply<xcb_get_property_reply_t>;
 
 struct TypeName {
   std::string_view name;
@@ -59,17 +50,12 @@ struct Atoms {
 // Here and below all requests of a kind are sent before the first answer is waited for: one round trip for all of them.
 Atoms internAtoms(xcb_connection_t* connection) {
   std::vector<xcb_intern_atom_cookie_t> cookies;
-  const auto request = [&](std::string_view name) {
-    cookies.push_back(xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(name.size()), name.data()));
-  };
+  const auto request = [&](std::string_view name) { cookies.push_back(requestAtom(connection, name)); };
   std::ranges::for_each(propertyNames, request);
   std::ranges::for_each(typeNames, request, &TypeName::name);
 
   std::array<xcb_atom_t, propertyNames.size() + typeNames.size()> atoms{};
-  std::ranges::transform(cookies, atoms.begin(), [connection](auto cookie) -> xcb_atom_t {
-    const Owned<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(connection, cookie, nullptr));
-    return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
-  });
+  std::ranges::transform(cookies, atoms.begin(), [connection](auto cookie) { return atomOf(connection, cookie); });
   Atoms named{atoms[0], atoms[1], atoms[2], atoms[3], atoms[4], atoms[5], {}};
   std::ranges::copy(std::span(atoms).subspan<propertyNames.size()>(), named.types.begin());
   return named;
@@ -172,12 +158,6 @@ class WindowReader {
   Atoms atoms_;
 };
 
-std::optional<xcb_window_t> rootOf(xcb_connection_t* connection, int screen) {
-  auto screens = xcb_setup_roots_iterator(xcb_get_setup(connection));
-  for (; screens.rem > 0 && screen > 0; --screen) xcb_screen_next(&screens);
-  return screens.rem > 0 ? std::optional(screens.data->root) : std::nullopt;
-}
-
 }  // namespace
 
 bool isLocalDisplay(const std::string& display) {
@@ -187,15 +167,15 @@ bool isLocalDisplay(const std::string& display) {
   int number = 0;
   // The library would take the variable DISPLAY in place of an empty name.
   if (display.empty() || xcb_parse_display(display.c_str(), &host, &number, nullptr) == 0) return false;
-  const Owned<char> owner(host);
+  const XReply<char> owner(host);
   const std::string_view name = host;
   return name.empty() || name == "unix";
 }
 
 std::optional<WindowsReading> readWindows(const std::string& display) {
   int screen = 0;
-  const Connection connection(xcb_connect(display.c_str(), &screen), &xcb_disconnect);
-  if (xcb_connection_has_error(connection.get()) != 0) return std::nullopt;
+  const XConnection connection = connectTo(display, screen);
+  if (!connection) return std::nullopt;
   const auto root = rootOf(connection.get(), screen);
   if (!root) return std::nullopt;
   auto reading = WindowReader(connection.get(), *root).read();

@@ -41,7 +41,8 @@ class OnATerminal : public ::testing::Test {
   }
 
   [[noreturn]] static void runProgram() {
-    blockTerminalSignals();
+    holdBack(endingSignals);
+    holdBack(terminalSignals);
     fakes::ManualQueue queue;
     bool ended = false;
     {

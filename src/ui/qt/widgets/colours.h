@@ -1,11 +1,12 @@
 #pragma once
 
+#include <optional>
+
 #include <QColor>
 
-namespace quibbly {
+#include "platform/desktop_appearance.h"
 
-/// Whether the desktop is light or dark.
-enum class Appearance { light, dark };
+namespace quibbly {
 
 /// What a colour is for.
 enum class Colour {
@@ -29,8 +30,10 @@ enum class Colour {
 /// The one table of colours.
 [[nodiscard]] QColor colourOf(Colour colour, Appearance appearance);
 
-/// That of the application's palette, which follows the desktop; every widget hears when it changes.
+/// That of the application's palette; every widget hears when it changes.
 [[nodiscard]] Appearance appearance();
+/// Gives the application the palette that the user prefers; without a preference that of the desktop's theme.
+void setAppearance(std::optional<Appearance> preferred);
 [[nodiscard]] inline QColor colourOf(Colour colour) { return colourOf(colour, appearance()); }
 
 }  // namespace quibbly

@@ -1,0 +1,51 @@
+#include "platform/linux/portal_appearance.h"
+
+#include <cstdint>
+#include <string>
+#include <utility>
+
+namespace quibbly::linux_services {
+namespace {
+
+constexpr const char* portal = "org.freedesktop.portal.Desktop";
+constexpr const char* portalPath = "/org/freedesktop/portal/desktop";
+constexpr const char* settings = "org.freedesktop.portal.Settings";
+constexpr const char* appearance = "org.freedesktop.appearance";
+constexpr const char* colourScheme = "color-scheme";
+
+/// `Read` wraps the value into one variant more than it says.
+std::optional<Appearance> appearanceIn(sd_bus_message* answer) {
+  if (answer == nullptr || sd_bus_message_is_method_error(answer, nullptr) != 0) return std::nullopt;
+  char kind = 0;
+  const char* content = nullptr;
+  while (sd_bus_message_peek_type(answer, &kind, &content) > 0 && kind == SD_BUS_TYPE_VARIANT) {
+    if (sd_bus_message_enter_container(answer, kind, content) <= 0) return std::nullopt;
+  }
+  std::uint32_t scheme = 0;
+  if (sd_bus_message_read_basic(answer, SD_BUS_TYPE_UINT32, &scheme) <= 0) return std::nullopt;
+  // The portal's own numbers; 0, and what may be added one day, is no preference.
+  if (scheme == 1) return Appearance::dark;
+  return scheme == 2 ? std::optional(Appearance::light) : std::nullopt;
+}
+
+}  // namespace
+
+PortalAppearance::~PortalAppearance() {
+  if (subscription_) bus_.detach(*subscription_);
+}
+
+void PortalAppearance::observe(std::function<void(std::optional<Appearance>)> changed) {
+  changed_ = std::move(changed);
+  const std::string rule = std::string("type='signal',path='") + portalPath + "',interface='" + settings +
+                           "',member='SettingChanged',arg0='" + appearance + "',arg1='" + colourScheme + "'";
+  subscription_ = bus_.subscribe(rule, [this] { ask(); });
+  ask();
+}
+
+void PortalAppearance::ask() {
+  const BusMessage question = bus_.newCall(portal, portalPath, settings, "Read");
+  if (question) (void)sd_bus_message_append(question.get(), "ss", appearance, colourScheme);
+  bus_.call(question, lifetime_.whileItLasts([this](sd_bus_message* answer) { changed_(appearanceIn(answer)); }));
+}
+
+}  // namespace quibbly::linux_services
