@@ -12,22 +12,11 @@
 #include "ui/qt/dashboard_view.h"
 #include "ui/qt/menu_bar_view.h"
 #include "ui/qt/settings_view.h"
+#include "ui/qt/toast_view.h"
 #include "ui/qt/widgets/colours.h"
 
 namespace quibbly {
 namespace {
-
-QPalette paletteOf(Appearance appearance) {
-  QPalette palette;
-  const auto set = [&](QPalette::ColorRole role, Colour colour) {
-    palette.setColor(role, colourOf(colour, appearance));
-  };
-  set(QPalette::Window, Colour::window);
-  set(QPalette::WindowText, Colour::primary);
-  set(QPalette::Base, Colour::box);
-  set(QPalette::Text, Colour::primary);
-  return palette;
-}
 
 PanelState busyState() {
   PanelState state{.mood = {.score = 66, .label = MacMood::Label::judgingYou},
@@ -61,23 +50,25 @@ class Album {
 };
 
 void takePictures(const Album& album) {
-  MenuBarView panel({});
+  MenuBarView panel(MenuBarView::Style::panel, {});
   panel.update(panelContents({.dailyRoastLimit = 3}));
   album.add(panel, "panel-empty");
   panel.update(panelContents(busyState()));
   album.add(panel, "panel");
 
+  ToastView toast({.title = "Your Mac would like a word", .message = busyState().lastRoast->text});
+  album.add(toast, "toast");
+
   const fakes::FileTree tree;
   fakes::ApplicationHome home(tree.root() / "group");
   home.launchApp();
-  DashboardView dashboard([] {}, {});
+  DashboardView dashboard({.title = "quibbly Dashboard", .atFirst = {560, 760}, .smallest = {520, 400}}, [] {}, {});
   dashboard.update(dashboardContents(busyState(), home.calendar));
-  dashboard.resize(560, 760);
   album.add(dashboard, "dashboard");
 
   SettingsForm form(*home.app->appModel, home.kept, home.notifications, home.group.storage);
   SettingsView settings(*home.app->appModel, form, {});
-  settings.show();
+  form.appeared();
   home.queue.run();
   settings.update();
   settings.resize(500, 1560);
@@ -95,7 +86,7 @@ int main(int argc, char** argv) {
   const std::filesystem::path directory = argv[1];
   const std::string scale = qEnvironmentVariable("QT_SCALE_FACTOR", "1").toStdString();
   for (const auto& [appearance, name] : {std::pair{Appearance::light, "light"}, {Appearance::dark, "dark"}}) {
-    QApplication::setPalette(paletteOf(appearance));
+    setAppearance(appearance);
     takePictures(Album(directory, std::string(name) + "-" + scale + "x"));
   }
 }

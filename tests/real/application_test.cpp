@@ -1,21 +1,14 @@
 // The built application on a bus with a notification server, as a user's session has them.
 
 #include <chrono>
-#include <cstdlib>
-#include <fstream>
 #include <pty.h>
-#include <sstream>
 #include <unistd.h>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "fakes/manual_queue.h"
-#include "fakes/notification_server.h"
-#include "fakes/private_bus.h"
-#include "fakes/process.h"
-#include "fakes/published_home.h"
 #include "platform/linux/dbus_cross_process_center.h"
+#include "real/application_session.h"
 #include "shared/pending_notify_queue.h"
 #include "shared/roast_request_queue.h"
 
@@ -28,62 +21,7 @@ using linux_services::SessionBus;
 using ::testing::HasSubstr;
 using ::testing::StartsWith;
 
-std::string contentOf(const std::filesystem::path& file) {
-  std::ostringstream content;
-  content << std::ifstream(file).rdbuf();
-  return content.str();
-}
-
-/// A session of its own: a home that was used before, a bus, a desktop with notifications.
-class Application : public ::testing::Test {
- protected:
-  Application() {
-    home_.store.publish(LastRoast{.text = "Published before."}, {});
-    for (const auto& [name, value] : {std::pair{"XDG_DATA_HOME", path("data")},
-                                      {"XDG_CONFIG_HOME", path("config")},
-                                      {"XDG_RUNTIME_DIR", tree_.root().string()},
-                                      {"DBUS_SESSION_BUS_ADDRESS", daemon_.address()},
-                                      {"LC_ALL", std::string("en_GB.UTF-8")},
-                                      {"TZ", std::string("Europe/London")},
-                                      {"TERM", std::string("xterm")}}) {
-      ::setenv(name, value.c_str(), 1);
-    }
-    ::unsetenv("DISPLAY");
-  }
-
-  [[nodiscard]] std::string path(const char* name) const { return (tree_.root() / name).string(); }
-  [[nodiscard]] std::string output() const { return contentOf(tree_.root() / "output"); }
-
-  pid_t start(const std::string& words, const std::string& to = "", const std::string& program = QUIBBLY_PROGRAM) {
-    const std::string command = "exec '" + program + "' " + words + " >>" + path("output") + " 2>&1 </dev/null " + to;
-    const pid_t child = ::fork();
-    if (child == 0) {
-      ::execl("/bin/sh", "sh", "-c", command.c_str(), nullptr);
-      ::_exit(127);
-    }
-    return child;
-  }
-  int run(const std::string& words, const std::string& to = "") { return Process(start(words, to)).wait(); }
-
-  /// Lets the desktop work until something holds.
-  bool until(const std::function<bool()>& holds) {
-    return queue_.until([&] {
-      server_.serve();
-      return holds();
-    });
-  }
-  bool untilSaid(const std::string& text) {
-    const bool said = until([&] { return output().find(text) != std::string::npos; });
-    EXPECT_TRUE(said) << text << "\n" << output();
-    return said;
-  }
-
-  fakes::FileTree tree_;
-  fakes::PrivateBus daemon_;
-  fakes::PublishedHome home_{tree_.root()};
-  fakes::NotificationServer server_{daemon_.address()};
-  fakes::ManualQueue queue_;
-};
+using Application = fakes::ApplicationSession;
 
 TEST_F(Application, answers_widgets_and_urls_within_the_limits_and_goes_on_after_a_crash) {
   ASSERT_EQ(run("prefs dailyRoastLimit 1 --int"), 0);

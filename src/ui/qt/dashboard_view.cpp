@@ -1,6 +1,8 @@
 #include "ui/qt/dashboard_view.h"
 
 #include <QHBoxLayout>
+#include <QScreen>
+#include <QStyle>
 #include <QVBoxLayout>
 
 #include "ui/qt/about_view.h"
@@ -13,8 +15,6 @@
 namespace quibbly {
 namespace {
 
-constexpr QSize atFirst(560, 440);
-constexpr QSize smallest(520, 400);
 constexpr int headerSides = 16;
 constexpr int headerAboveAndBelow = 6;
 constexpr int aroundTheRoast = 4;
@@ -42,9 +42,9 @@ QLayout* header(const std::function<void()>& roast) {
 
 }  // namespace
 
-DashboardView::DashboardView(const std::function<void()>& roast, const ProgramVersion& version)
+DashboardView::DashboardView(const Frame& frame, const std::function<void()>& roast, const ProgramVersion& version)
     : roast_(new Label(FontRole::body)) {
-  setWindowTitle("quibbly Dashboard");
+  setWindowTitle(frame.title);
   auto* const inside = new QWidget;
   auto* const layout = new QVBoxLayout(inside);
   layout->setContentsMargins(0, 0, 0, 0);
@@ -62,8 +62,8 @@ DashboardView::DashboardView(const std::function<void()>& roast, const ProgramVe
   // Nothing has the keyboard before the user reaches for it.
   inside->setFocusPolicy(Qt::StrongFocus);
   inside->setFocus();
-  setMinimumSize(smallest);
-  resize(atFirst);
+  setMinimumSize(frame.smallest);
+  setGeometry(QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, frame.atFirst, screen()->availableGeometry()));
 }
 
 void DashboardView::update(const DashboardContents& contents) {

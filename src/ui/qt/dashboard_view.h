@@ -15,8 +15,15 @@ class Label;
 /// The dashboard: an ordinary window with the mood, the roast, the estimates and the card.
 class DashboardView : public QMainWindow {
  public:
-  /// `roast` is what the button in the title's row does.
-  DashboardView(const std::function<void()>& roast, const ProgramVersion& version);
+  /// What tells one window of it from another.
+  struct Frame {
+    const char* title = "";
+    QSize atFirst;
+    QSize smallest;
+  };
+
+  /// `roast` is what the button in the title's row does. The window is in the middle of the screen at first.
+  DashboardView(const Frame& frame, const std::function<void()>& roast, const ProgramVersion& version);
 
   void update(const DashboardContents& contents);
 

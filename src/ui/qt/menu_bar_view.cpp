@@ -1,9 +1,9 @@
 #include "ui/qt/menu_bar_view.h"
 
-#include <QEvent>
+#include <QCloseEvent>
 #include <QGridLayout>
+#include <QMouseEvent>
 #include <QPainter>
-#include <QPainterPath>
 #include <QVBoxLayout>
 
 #include "ui/qt/widgets/command_button.h"
@@ -22,6 +22,7 @@ constexpr int betweenRows = 4;
 constexpr int betweenFooterLines = 3;
 constexpr double radius = 12;
 constexpr std::size_t footerLines = 3;
+constexpr Shadow shadow{.opacity = 0.25, .blur = 18, .down = 5};
 
 void setShown(Label& label, const std::optional<std::string>& shown) {
   if (shown) label.setTextIfChanged(qtText(*shown));
@@ -39,26 +40,31 @@ Colour inkOf(PanelContents::FooterLine::Role role) {
   return role == PanelContents::FooterLine::Role::pause ? Colour::orange : Colour::tertiary;
 }
 
+Qt::WindowFlags flagsOf(MenuBarView::Style style) {
+  if (style == MenuBarView::Style::window) return Qt::Window | Qt::MSWindowsFixedSizeDialogHint;
+  return Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::NoDropShadowWindowHint;
+}
+
 }  // namespace
 
-MenuBarView::MenuBarView(const Commands& commands)
-    : QDialog(nullptr, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::NoDropShadowWindowHint),
+MenuBarView::MenuBarView(Style style, const Commands& commands)
+    : QDialog(nullptr, flagsOf(style)),
+      style_(style),
+      look_(radius, shadow),
+      outside_(new QVBoxLayout(this)),
       heading_(new Label(FontRole::headline)),
       collecting_(new Label(FontRole::body, Colour::secondary)),
       rows_(new QWidget),
       grid_(new QGridLayout(rows_)),
       status_(new Label(FontRole::caption, Colour::secondary)) {
   setWindowTitle("quibbly");
-  setAttribute(Qt::WA_TranslucentBackground);
+  if (style_ == Style::panel) setAttribute(Qt::WA_TranslucentBackground);
   setFocusPolicy(Qt::StrongFocus);
-  auto* const layout = new QVBoxLayout(this);
-  constexpr int sides = padding - CommandButton::overhang;
-  layout->setContentsMargins(sides, padding, sides, padding);
-  layout->setSpacing(spacing);
-  layout->setSizeConstraint(QLayout::SetNoConstraint);
+  outside_->setSpacing(spacing);
+  outside_->setSizeConstraint(QLayout::SetNoConstraint);
   auto* const body = column(nullptr, spacing);
   body->setContentsMargins(CommandButton::overhang, 0, CommandButton::overhang, 0);
-  layout->addLayout(body);
+  outside_->addLayout(body);
   body->addWidget(heading_);
   collecting_->setText(qtText(PanelContents::collecting));
   body->addWidget(collecting_);
@@ -77,7 +83,7 @@ MenuBarView::MenuBarView(const Commands& commands)
   status_->setWraps();
   body->addWidget(status_);
   body->addWidget(new Divider);
-  addCommands(*layout, commands);
+  addCommands(*outside_, commands);
 }
 
 void MenuBarView::addRoast(QVBoxLayout& layout) {
@@ -130,10 +136,23 @@ void MenuBarView::update(const PanelContents& contents) {
 
 /// As high as the text needs at this width.
 void MenuBarView::fit() {
-  layout()->activate();
-  const bool wraps = layout()->hasHeightForWidth();
-  setFixedSize(panelWidth, wraps ? layout()->totalHeightForWidth(panelWidth) : layout()->totalSizeHint().height());
+  const int room = roomAround();
+  constexpr int sides = padding - CommandButton::overhang;
+  outside_->setContentsMargins(sides + room, padding + room, sides + room, padding + room);
+  outside_->activate();
+  const int wide = panelWidth + 2 * room;
+  const QSize wanted(
+      wide, outside_->hasHeightForWidth() ? outside_->totalHeightForWidth(wide) : outside_->totalSizeHint().height());
+  if (wanted == size() && wanted == minimumSize()) return;
+  setFixedSize(wanted);
+  if (resized_) resized_();
 }
+
+int MenuBarView::roomAround() const { return style_ == Style::panel ? look_.room() : 0; }
+
+QSize MenuBarView::groundSize() const { return size() - QSize(2 * roomAround(), 2 * roomAround()); }
+
+void MenuBarView::moveGround(const QPoint& position) { move(position - QPoint(roomAround(), roomAround())); }
 
 void MenuBarView::showRows(const std::vector<PanelContents::Row>& rows) {
   while (rowLabels_.size() < rows.size()) {
@@ -176,6 +195,8 @@ bool MenuBarView::event(QEvent* event) {
 }
 
 void MenuBarView::showEvent(QShowEvent* event) {
+  look_.follow();
+  fit();
   QDialog::showEvent(event);
   // No command has the keyboard before the user reaches for one.
   setFocus();
@@ -183,23 +204,40 @@ void MenuBarView::showEvent(QShowEvent* event) {
 
 void MenuBarView::changeEvent(QEvent* event) {
   QDialog::changeEvent(event);
-  if (event->type() == QEvent::ActivationChange && !isActiveWindow()) hide();
+  if (style_ == Style::panel && event->type() == QEvent::ActivationChange && !isActiveWindow()) hide();
 }
 
 void MenuBarView::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(QPen(colourOf(Colour::separator), 1));
-  painter.setBrush(colourOf(Colour::panel));
-  painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
+  if (style_ == Style::panel) {
+    look_.paint(painter, *this, colourOf(Colour::panel), colourOf(Colour::separator));
+  } else {
+    painter.fillRect(rect(), colourOf(Colour::panel));
+  }
 }
 
-/// Without a compositor the corners would be black.
 void MenuBarView::resizeEvent(QResizeEvent* event) {
   QDialog::resizeEvent(event);
-  QPainterPath outline;
-  outline.addRoundedRect(rect(), radius, radius);
-  setMask(QRegion(outline.toFillPolygon().toPolygon()));
+  if (style_ == Style::panel) look_.cut(*this);
+}
+
+/// The shadow belongs to what is behind it.
+void MenuBarView::mousePressEvent(QMouseEvent* event) {
+  QDialog::mousePressEvent(event);
+  if (style_ == Style::panel && !look_.ground(*this).contains(event->position())) hide();
+}
+
+void MenuBarView::reject() {
+  if (style_ == Style::panel) {
+    QDialog::reject();
+  } else {
+    showMinimized();
+  }
+}
+
+void MenuBarView::closeEvent(QCloseEvent* event) {
+  event->setAccepted(!event->spontaneous());
+  if (event->spontaneous()) reject();
 }
 
 }  // namespace quibbly

@@ -6,6 +6,7 @@
 #include <QDialog>
 
 #include "ui/panel_contents.h"
+#include "ui/qt/widgets/floating_look.h"
 
 class QGridLayout;
 class QVBoxLayout;
@@ -15,9 +16,13 @@ namespace quibbly {
 class CommandButton;
 class Label;
 
-/// The panel under the tray icon, as a window without a frame. Closes on Escape and when another window gets the keyboard.
+/// The panel of the tray icon.
 class MenuBarView : public QDialog {
  public:
+  /// A panel has no frame, and closes on Escape and when another window gets the keyboard. Where there is no icon to open it
+  /// by, it is an ordinary window, which is minimised when the user closes it.
+  enum class Style { panel, window };
+
   struct Commands {
     std::function<void()> roast;
     std::function<void()> roastAndNotify;
@@ -27,10 +32,17 @@ class MenuBarView : public QDialog {
     std::function<void()> quit;
   };
 
-  explicit MenuBarView(const Commands& commands);
+  MenuBarView(Style style, const Commands& commands);
 
   /// Shows what changed, and leaves alone what did not: a selection in the roast stays.
   void update(const PanelContents& contents);
+  /// Called when the panel has another size.
+  void onResize(std::function<void()> resized) { resized_ = std::move(resized); }
+  /// Without the shadow around it.
+  [[nodiscard]] QSize groundSize() const;
+  void moveGround(const QPoint& position);
+
+  void reject() override;
 
  protected:
   bool event(QEvent* event) override;
@@ -38,14 +50,21 @@ class MenuBarView : public QDialog {
   void showEvent(QShowEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
 
  private:
   void fit();
+  [[nodiscard]] int roomAround() const;
   void addRoast(QVBoxLayout& layout);
   void addCommands(QVBoxLayout& layout, const Commands& commands);
   void showRows(const std::vector<PanelContents::Row>& rows);
   void showFooter(const std::vector<PanelContents::FooterLine>& lines);
 
+  Style style_;
+  std::function<void()> resized_;
+  FloatingLook look_;
+  QVBoxLayout* outside_;
   Label* heading_;
   Label* collecting_;
   QWidget* rows_;

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include <QShowEvent>
 #include <QVBoxLayout>
 
 #include "ui/qt/about_view.h"
@@ -142,13 +141,6 @@ void SettingsView::addButton(FormSection& section, const char* title, const std:
   auto* const button = new PushButton(QString::fromUtf8(title));
   connect(button, &QAbstractButton::clicked, this, run);
   section.addControl(button);
-}
-
-void SettingsView::showEvent(QShowEvent* event) {
-  QDialog::showEvent(event);
-  if (event->spontaneous()) return;
-  form_.appeared();
-  update();
 }
 
 void SettingsView::update() {

@@ -27,9 +27,6 @@ class SettingsView : public QDialog {
   /// Shows what the model and the form hold now.
   void update();
 
- protected:
-  void showEvent(QShowEvent* event) override;
-
  private:
   void addPersonality(GroupedForm& sections);
   void addAppearance(GroupedForm& sections);

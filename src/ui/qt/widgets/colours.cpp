@@ -58,4 +58,20 @@ Appearance appearance() {
   return isDark ? Appearance::dark : Appearance::light;
 }
 
+void setAppearance(std::optional<Appearance> preferred) {
+  if (!preferred) {
+    QApplication::setPalette(QPalette());
+    return;
+  }
+  if (*preferred == appearance()) return;
+  // The style mixes every other colour of the palette from these two.
+  QPalette palette(colourOf(Colour::control, *preferred), colourOf(Colour::window, *preferred));
+  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+    palette.setColor(role, colourOf(Colour::primary, *preferred));
+  }
+  palette.setColor(QPalette::Base, colourOf(Colour::box, *preferred));
+  palette.setColor(QPalette::Highlight, colourOf(Colour::accent, *preferred));
+  QApplication::setPalette(palette);
+}
+
 }  // namespace quibbly

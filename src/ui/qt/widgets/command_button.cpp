@@ -4,6 +4,7 @@
 #include <QKeySequence>
 #include <QPainter>
 
+#include "ui/qt/widgets/click_on_return.h"
 #include "ui/qt/widgets/colours.h"
 #include "ui/qt/widgets/fonts.h"
 
@@ -68,6 +69,10 @@ void CommandButton::enterEvent(QEnterEvent* event) {
 void CommandButton::leaveEvent(QEvent* event) {
   QAbstractButton::leaveEvent(event);
   update();
+}
+
+void CommandButton::keyPressEvent(QKeyEvent* event) {
+  if (!clickOnReturn(*this, *event)) QAbstractButton::keyPressEvent(event);
 }
 
 }  // namespace quibbly

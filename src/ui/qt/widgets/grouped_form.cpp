@@ -2,6 +2,7 @@
 
 #include <QEvent>
 #include <QPainter>
+#include <QScrollBar>
 #include <QVBoxLayout>
 
 #include "ui/qt/widgets/colours.h"
@@ -19,6 +20,14 @@ constexpr int rowIndent = 12;
 constexpr int aboveAndBelow = 7;
 constexpr int betweenLabelAndValue = 16;
 constexpr double radius = 9;
+
+/// Narrow, without arrows, in a grey that is seen on light and on dark.
+constexpr const char* scrollBarStyle =
+    "QScrollBar:vertical { background: transparent; width: 12px; margin: 0; }"
+    "QScrollBar::handle:vertical { background: rgba(128, 128, 128, 110); border-radius: 3px; margin: 3px; min-height: 36px; }"
+    "QScrollBar::handle:vertical:hover { background: rgba(128, 128, 128, 180); }"
+    "QScrollBar::add-line, QScrollBar::sub-line { height: 0; }"
+    "QScrollBar::add-page, QScrollBar::sub-page { background: transparent; }";
 
 /// The ground of a section's rows.
 class Box : public QWidget {
@@ -137,6 +146,7 @@ GroupedForm::GroupedForm(QWidget* parent) : QScrollArea(parent) {
   setFrameShape(QFrame::NoFrame);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setFocusPolicy(Qt::NoFocus);
+  verticalScrollBar()->setStyleSheet(scrollBarStyle);
   follow();
 }
 

@@ -3,6 +3,7 @@
 #include <QEvent>
 #include <QPainter>
 
+#include "ui/qt/widgets/click_on_return.h"
 #include "ui/qt/widgets/colours.h"
 #include "ui/qt/widgets/control_face.h"
 #include "ui/qt/widgets/fonts.h"
@@ -41,6 +42,10 @@ void PushButton::changeEvent(QEvent* event) {
     updateGeometry();
   }
   update();
+}
+
+void PushButton::keyPressEvent(QKeyEvent* event) {
+  if (!clickOnReturn(*this, *event)) QAbstractButton::keyPressEvent(event);
 }
 
 }  // namespace quibbly

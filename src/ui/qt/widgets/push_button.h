@@ -14,6 +14,7 @@ class PushButton : public QAbstractButton {
  protected:
   void paintEvent(QPaintEvent* event) override;
   void changeEvent(QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
 };
 
 }  // namespace quibbly

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <vector>
+
+#include "application_core.h"
+#include "faced_application.h"
+#include "platform/linux/posix_terminal.h"
+#include "platform/qt/headless_application.h"
+#include "ui/terminal_face.h"
+#include "ui/terminal_pasteboard.h"
+
+namespace quibbly {
+
+/// quibbly on a terminal.
+class TerminalApplication final : public FacedApplication {
+ public:
+  TerminalApplication(Machine& machine, Session& session, MainQueue& queue);
+
+  void start(const std::vector<std::string>& urls) override;
+  void reopen() override { delegate().applicationShouldHandleReopen(false); }
+  [[nodiscard]] AppDelegate& delegate() override { return core_.app.appDelegate; }
+  [[nodiscard]] bool hasFailed() const override { return hasFailed_; }
+
+ private:
+  AppModel& model() { return *core_.app.appModel; }
+  void quit();
+  std::vector<TerminalFace::Command> commands();
+
+  linux_services::PosixTerminal terminal_;
+  TerminalBannerScreen toasts_;
+  TerminalPasteboard pasteboard_;
+  qt_services::HeadlessApplication application_;
+  ApplicationCore core_;
+  TerminalFace face_;
+  Observers::Token changes_;
+  bool hasFailed_ = false;
+};
+
+}  // namespace quibbly

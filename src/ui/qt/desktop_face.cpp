@@ -1,0 +1,96 @@
+#include "ui/qt/desktop_face.h"
+
+#include <utility>
+
+#include "app/app_model_bridge.h"
+#include "ui/dashboard_contents.h"
+
+namespace quibbly {
+namespace {
+
+constexpr DashboardView::Frame dashboardFrame{.title = "Dashboard", .atFirst = {560, 420}, .smallest = {480, 360}};
+
+}  // namespace
+
+DesktopFace::DesktopFace(Ports ports, AppModel& model)
+    : ports_(std::move(ports)),
+      model_(model),
+      menuBarExtra_({.queue = ports_.queue,
+                     .trayHost = ports_.trayHost,
+                     .application = ports_.application,
+                     .state = [this] { return PanelState::of(model_); },
+                     .panelShown =
+                         [this] {
+                           model_.start();
+                           model_.reloadPolicyFromDefaults();
+                           AppModelBridge::shared = model_.weak_from_this();
+                         }},
+                    commands()),
+      dashboardWindow_(ports_.application, ports_.version) {}
+
+MenuBarView::Commands DesktopFace::commands() {
+  return {.roast = [this] { model_.roastMeNow(false, false); },
+          .roastAndNotify = [this] { model_.roastMeNow(true, true); },
+          .copyRoast = [this] { model_.copyLastRoast(); },
+          .openDashboard =
+              [this] {
+                dashboardWindow_.show(model_);
+                update();
+              },
+          .openSettings = [this] { openSettings(); },
+          .quit = ports_.quit};
+}
+
+void DesktopFace::reopen() {
+  if (menuBarExtra_.hasIcon()) {
+    openDashboard();
+  } else {
+    menuBarExtra_.openPanel();
+  }
+}
+
+void DesktopFace::openDashboard() {
+  if (!dashboard_) {
+    dashboard_ =
+        std::make_unique<DashboardView>(dashboardFrame, [this] { model_.roastMeNow(false, false); }, ports_.version);
+    ports_.application.add(*dashboard_);
+  }
+  model_.start();
+  ports_.application.show(*dashboard_);
+  update();
+}
+
+void DesktopFace::openSettings() {
+  if (!settings_) {
+    settings_ = std::make_unique<SettingsView>(model_, ports_.settings, ports_.version);
+    ports_.application.add(*settings_);
+  }
+  if (!settings_->isVisible()) {
+    model_.start();
+    model_.reloadPolicyFromDefaults();
+    ports_.settings.appeared();
+  }
+  ports_.application.show(*settings_);
+  update();
+}
+
+void DesktopFace::changed() {
+  if (std::exchange(isPosted_, true)) return;
+  ports_.queue.post([this] {
+    isPosted_ = false;
+    update();
+  });
+}
+
+/// What is not on the screen waits until it is.
+void DesktopFace::update() {
+  menuBarExtra_.update();
+  for (DashboardView* const view : {dashboard_.get(), dashboardWindow_.window()}) {
+    if (view != nullptr && view->isVisible()) {
+      view->update(dashboardContents(PanelState::of(model_), ports_.calendar));
+    }
+  }
+  if (settings_ && settings_->isVisible()) settings_->update();
+}
+
+}  // namespace quibbly

@@ -1,0 +1,46 @@
+#include "ui/qt/toast_screen.h"
+
+#include <utility>
+
+#include <QGuiApplication>
+#include <QPropertyAnimation>
+#include <QScreen>
+
+#include "ui/qt/toast_view.h"
+
+namespace quibbly {
+namespace {
+
+class ToastPanel final : public BannerPanel {
+ public:
+  explicit ToastPanel(const BannerView& view) : view_(view) {}
+
+  void setFrame(const BannerFrame& frame) override { view_.place(frame); }
+  void orderFront() override { view_.show(); }
+  void orderOut() override { view_.hide(); }
+  void fadeOut(std::chrono::milliseconds duration, std::function<void()> completed) override {
+    auto* const fade = new QPropertyAnimation(&view_, "windowOpacity", &view_);
+    fade->setDuration(static_cast<int>(duration.count()));
+    fade->setEndValue(0.0);
+    QObject::connect(fade, &QAbstractAnimation::finished, &view_, std::move(completed), Qt::QueuedConnection);
+    fade->start();
+  }
+
+ private:
+  ToastView view_;
+};
+
+}  // namespace
+
+std::optional<BannerFrame> ToastScreen::visibleFrame() const {
+  const QScreen* const screen = QGuiApplication::primaryScreen();
+  if (screen == nullptr) return std::nullopt;
+  const QRect free = screen->availableGeometry();
+  return BannerFrame{.x = free.x(), .y = free.y(), .width = free.width(), .height = free.height()};
+}
+
+std::unique_ptr<BannerPanel> ToastScreen::makePanel(const BannerView& view) {
+  return std::make_unique<ToastPanel>(view);
+}
+
+}  // namespace quibbly

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "notify/banner_screen.h"
+
+namespace quibbly {
+
+/// Toasts on the main screen of the desktop. Main thread.
+class ToastScreen final : public BannerScreen {
+ public:
+  [[nodiscard]] std::optional<BannerFrame> visibleFrame() const override;
+  [[nodiscard]] std::unique_ptr<BannerPanel> makePanel(const BannerView& view) override;
+};
+
+}  // namespace quibbly
