@@ -1,0 +1,163 @@
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <thread>
+
+#include <benchmark/benchmark.h>
+
+#include "comparison.h"
+#include "fakes/until.h"
+#include "fakes/x11_desk.h"
+#include "fakes/x_server.h"
+#include "running_program.h"
+
+namespace quibbly::bench {
+namespace {
+
+using namespace std::chrono_literals;
+using fakes::X11Desk;
+
+constexpr std::chrono::seconds untilSettled = 10s;
+constexpr std::chrono::seconds period = 60s;
+/// A click that comes sooner after the one that closed the panel is taken for the same.
+constexpr auto betweenClicks = 500ms;
+constexpr int starts = 8;
+
+/// A screen with a tray, and one of the programs on it.
+class Desk {
+ public:
+  explicit Desk(const char* program) : program_(program), desk_(server_.display()) {
+    desk_.appear();
+    start();
+  }
+
+  [[nodiscard]] const RunningProgram& program() const { return *running_; }
+  [[nodiscard]] double secondsToIcon() const { return secondsToIcon_; }
+
+  /// From the click to the first pixel of the panel.
+  double openPanel() {
+    const std::uint32_t before = pixel();
+    return secondsUntil([this] { desk_.click(); }, [&] { return pixel() != before; });
+  }
+  void closePanel() {
+    const std::uint32_t before = pixel();
+    desk_.click();
+    (void)fakes::until([&] { return pixel() != before; });
+    std::this_thread::sleep_for(betweenClicks);
+  }
+  /// Of quibbly: each has its key in the panel.
+  bool openEveryFace() {
+    constexpr xcb_keysym_t comma = 0x2c;
+    constexpr xcb_keysym_t d = 0x64;
+    return openByKey(d, "quibbly Dashboard") && openByKey(comma, "Settings");
+  }
+
+ private:
+  using Clock = std::chrono::steady_clock;
+
+  static double secondsUntil(const std::function<void()>& act, const std::function<bool()>& holds) {
+    const auto begin = Clock::now();
+    act();
+    while (!holds() && Clock::now() - begin < 30s) {
+    }
+    return std::chrono::duration<double>(Clock::now() - begin).count();
+  }
+
+  void start() {
+    secondsToIcon_ = secondsUntil(
+        [this] {
+          const pid_t child = ::fork();
+          if (child == 0) {
+            home_.enter();
+            ::setenv("DISPLAY", server_.display().c_str(), 1);
+            const auto container = home_.path() / "group.org.quibbly";
+            // quibbly takes every word that is no command for a URL.
+            const bool isBare = program_ == std::string_view(BARE_TRAY_PROGRAM);
+            ::execl(program_, program_, isBare ? container.c_str() : nullptr, nullptr);
+            ::_exit(127);
+          }
+          running_.emplace(child);
+        },
+        [this] { return desk_.serve(); });
+  }
+
+  bool openByKey(xcb_keysym_t key, std::string_view title) {
+    if (!desk_.clickUntilShown("quibbly")) return false;
+    desk_.press("quibbly", key, true);
+    return fakes::until([&] { return desk_.shows(title); });
+  }
+
+  [[nodiscard]] std::uint32_t pixel() const { return desk_.pixel(desk_.width() - 170, 90); }
+
+  const char* program_;
+  fakes::XServer server_;
+  X11Desk desk_;
+  MemoryHome home_;
+  double secondsToIcon_ = 0;
+  std::optional<RunningProgram> running_;
+};
+
+void timeToIcon(benchmark::State& state, const char* program) {
+  for (auto _ : state) state.SetIterationTime(Desk(program).secondsToIcon());
+}
+
+void bareIcon(benchmark::State& state) { timeToIcon(state, BARE_TRAY_PROGRAM); }
+BENCHMARK(bareIcon)->UseManualTime()->Iterations(1)->Repetitions(starts);
+void icon(benchmark::State& state) { timeToIcon(state, QUIBBLY_PROGRAM); }
+BENCHMARK(icon)->UseManualTime()->Iterations(1)->Repetitions(starts);
+const Compare iconBound("icon", "bareIcon", 1.2);
+
+void timeToPanel(benchmark::State& state, const char* program, const char* again) {
+  for (auto _ : state) {
+    Desk desk(program);
+    std::this_thread::sleep_for(1s);
+    state.SetIterationTime(desk.openPanel());
+    desk.closePanel();
+    state.counters[again] = 1e9 * desk.openPanel();
+  }
+}
+
+void barePanel(benchmark::State& state) { timeToPanel(state, BARE_TRAY_PROGRAM, "barePanelAgain"); }
+BENCHMARK(barePanel)->UseManualTime()->Iterations(1)->Repetitions(starts);
+void panel(benchmark::State& state) { timeToPanel(state, QUIBBLY_PROGRAM, "panelAgain"); }
+BENCHMARK(panel)->UseManualTime()->Iterations(1)->Repetitions(starts);
+const Compare panelBound("panel", "barePanel", 1.5);
+const Compare panelAgainBound("panelAgain", "barePanelAgain", 1.5);
+
+/// One at a time: two programs of Qt at once would share its memory.
+void idleInTray(benchmark::State& state, const char* program, const char* memory) {
+  for (auto _ : state) {
+    const Desk desk(program);
+    std::this_thread::sleep_for(untilSettled);
+    const Use before = desk.program().use();
+    std::this_thread::sleep_for(period);
+    const Use used = difference(before, desk.program().use());
+    if (!used.runs) return state.SkipWithError("the program ended");
+    state.SetIterationTime(used.processorSeconds);
+    state.counters[memory] = desk.program().proportionalSet();
+  }
+}
+
+void bareTray(benchmark::State& state) { idleInTray(state, BARE_TRAY_PROGRAM, "bareTrayMemory"); }
+BENCHMARK(bareTray)->UseManualTime()->Iterations(1);
+void tray(benchmark::State& state) { idleInTray(state, QUIBBLY_PROGRAM, "trayMemory"); }
+BENCHMARK(tray)->UseManualTime()->Iterations(1);
+const Compare trayBound("tray", "bareTray", 1.5);
+const Compare memoryBound("trayMemory", "bareTrayMemory", 1.25);
+
+void everyFace(benchmark::State& state) {
+  for (auto _ : state) {
+    Desk desk(QUIBBLY_PROGRAM);
+    std::this_thread::sleep_for(1s);
+    if (!desk.openEveryFace()) return state.SkipWithError("a face did not open");
+    std::this_thread::sleep_for(1s);
+    state.SetIterationTime(1);
+    state.counters["facesMemory"] = desk.program().proportionalSet();
+  }
+}
+BENCHMARK(everyFace)->UseManualTime()->Iterations(1);
+const Compare facesBound("facesMemory", "bareTrayMemory", 1.6);
+
+}  // namespace
+}  // namespace quibbly::bench
