@@ -24,7 +24,10 @@ constexpr xcb_keysym_t escape = 0xff1b;
 
 class Desktop : public fakes::ApplicationSession {
  protected:
-  Desktop() { ::setenv("DISPLAY", screen_.display().c_str(), 1); }
+  Desktop() {
+    ::setenv("DISPLAY", screen_.display().c_str(), 1);
+    ::setenv("TSAN_OPTIONS", "report_destroy_locked=0:suppressions=" QUIBBLY_TESTS_DIR "/real/desktop.tsan", 1);
+  }
   void SetUp() override { ASSERT_TRUE(screen_.installed()) << "Xvfb is needed"; }
 
   bool untilShown(const char* title, bool isShown = true) {
