@@ -41,6 +41,7 @@ struct ApplicationCore {
              .widgets = widgets,
              .requests = requests,
              .pendingNotifications = pendingNotifications,
+             .mailboxWatch = session.mailboxWatch(),
              .notifications = notifications,
              .application = face.application,
              .pasteboard = face.pasteboard}) {}

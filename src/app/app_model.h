@@ -12,6 +12,7 @@
 #include "monitor/snapshot_source.h"
 #include "notify/notification_manager.h"
 #include "platform/application.h"
+#include "platform/directory_watch.h"
 #include "platform/launched_tasks.h"
 #include "platform/pasteboard.h"
 #include "platform/preference_store.h"
@@ -28,6 +29,9 @@ namespace quibbly {
 
 /// Notifications a day when nobody said how many.
 inline constexpr std::int64_t defaultDailyRoastLimit = 3;
+inline constexpr int highestDailyRoastLimit = 256;
+/// The pause that a face offers, in seconds.
+inline constexpr double anHour = 3600;
 
 /// What the program knows and does while nobody clicks: it samples the machine, scores the mood, makes roasts, publishes
 /// them for widgets, answers what widgets ask, and keeps the daily limit and the pause. Views show its fields and call its
@@ -50,6 +54,8 @@ class AppModel : public std::enable_shared_from_this<AppModel> {
     WidgetReload& widgets;
     RoastRequestQueue& requests;
     PendingNotifyQueue& pendingNotifications;
+    /// Of the mailboxes' directory.
+    DirectoryWatch& mailboxWatch;
     NotificationManager& notifications;
     Application& application;
     Pasteboard& pasteboard;
@@ -124,7 +130,6 @@ class AppModel : public std::enable_shared_from_this<AppModel> {
  private:
   // app_model_lifecycle.cpp
   static Task<> samplingLoop(std::weak_ptr<AppModel> weakModel);
-  static Task<> requestLoop(std::weak_ptr<AppModel> weakModel);
   [[nodiscard]] Task<> startUpRefresh();
   [[nodiscard]] Task<SystemSnapshot> captureSnapshot();
   void publishShared(const SystemSnapshot& snapshot, const MacMood& scored);
@@ -160,6 +165,12 @@ class AppModel : public std::enable_shared_from_this<AppModel> {
   [[nodiscard]] Task<> randomRoastTick();
 
   // app_model_widget_requests.cpp
+  void beginLookingIntoMailboxes();
+  void endLookingIntoMailboxes();
+  static Task<> requestLoop(std::weak_ptr<AppModel> weakModel);
+  void launchRequestLoop();
+  /// Whether there is nothing to look for in the mailboxes until the watch tells.
+  [[nodiscard]] bool mailboxesRest();
   void beginObservingWidgetRoastRequests();
   void endObservingWidgetRoastRequests();
   /// Whether a roast was made.

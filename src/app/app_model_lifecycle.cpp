@@ -16,7 +16,6 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto betweenSamples = 15s;
-constexpr auto betweenRequestPolls = 400ms;
 
 void cancel(std::optional<TaskHandle>& task) {
   if (task) task->cancel();
@@ -58,7 +57,7 @@ void AppModel::start() {
     statusMessage = hideFromDock ? "Running in menu bar (Dock hidden)." : "Running — Dock + menu bar flame.";
   }
   pollTask_ = launch(services_.queue, samplingLoop(weak_from_this()));
-  requestPollTask_ = launch(services_.queue, requestLoop(weak_from_this()));
+  beginLookingIntoMailboxes();
   restartRandomRoastLoop();
   launchHolding(startUpRefresh());
 }
@@ -66,7 +65,7 @@ void AppModel::start() {
 void AppModel::stop() {
   isMonitoring = false;
   cancel(pollTask_);
-  cancel(requestPollTask_);
+  endLookingIntoMailboxes();
   cancel(randomRoastTask_);
   endObservingWidgetRoastRequests();
 }
@@ -80,19 +79,6 @@ Task<> AppModel::samplingLoop(std::weak_ptr<AppModel> weakModel) {
       co_await model->tick();
     }
     co_await sleepFor(betweenSamples);
-  }
-}
-
-Task<> AppModel::requestLoop(std::weak_ptr<AppModel> weakModel) {
-  while (true) {
-    {
-      const auto model = weakModel.lock();
-      const bool cancelled = co_await isCancelled();
-      if (!model || cancelled) co_return;
-      co_await model->processPendingRoastRequestIfAny();
-      co_await model->processPendingNotifyIfAny();
-    }
-    co_await sleepFor(betweenRequestPolls);
   }
 }
 

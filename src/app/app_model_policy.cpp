@@ -14,8 +14,6 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr std::int64_t highestDailyRoastLimit = 256;
-
 }  // namespace
 
 void AppModel::reloadPolicyFromDefaults() {

@@ -1,10 +1,65 @@
 // What widgets ask for: the two mailboxes, and the notification that says that one was filled.
 
+#include <chrono>
+#include <iterator>
+#include <string>
 #include <utility>
 
 #include "app/app_model.h"
+#include "platform/sleep.h"
 
 namespace quibbly {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto betweenLooks = 400ms;
+
+}  // namespace
+
+void AppModel::beginLookingIntoMailboxes() {
+  if (const auto& container = services_.storage.containerURL()) {
+    const std::string names[] = {std::string(RoastRequestQueue::fileName), std::string(PendingNotifyQueue::fileName)};
+    services_.mailboxWatch.begin(*container, {std::begin(names), std::end(names)}, [weakModel = weak_from_this()] {
+      if (const auto model = weakModel.lock()) model->launchRequestLoop();
+    });
+  }
+  launchRequestLoop();
+}
+
+void AppModel::endLookingIntoMailboxes() {
+  services_.mailboxWatch.end();
+  if (requestPollTask_) requestPollTask_->cancel();
+  requestPollTask_.reset();
+}
+
+void AppModel::launchRequestLoop() {
+  if (!requestPollTask_) requestPollTask_ = launch(services_.queue, requestLoop(weak_from_this()));
+}
+
+Task<> AppModel::requestLoop(std::weak_ptr<AppModel> weakModel) {
+  while (true) {
+    {
+      const auto model = weakModel.lock();
+      const bool cancelled = co_await isCancelled();
+      if (!model || cancelled) co_return;
+      co_await model->processPendingRoastRequestIfAny();
+      co_await model->processPendingNotifyIfAny();
+      const bool cancelledMeanwhile = co_await isCancelled();
+      if (cancelledMeanwhile) co_return;
+      if (model->mailboxesRest()) {
+        model->requestPollTask_.reset();
+        co_return;
+      }
+    }
+    co_await sleepFor(betweenLooks);
+  }
+}
+
+/// The watch first: what comes after it was asked is told of.
+bool AppModel::mailboxesRest() {
+  return services_.mailboxWatch.canTell() && services_.requests.isEmpty() && services_.pendingNotifications.isEmpty();
+}
 
 void AppModel::beginObservingWidgetRoastRequests() {
   if (roastRequestObserver_) return;

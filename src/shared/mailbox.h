@@ -30,6 +30,14 @@ class Mailbox {
     return std::move(*entry);
   }
 
+  /// Whether nothing is in the box, be it an entry that can be read or not.
+  [[nodiscard]] bool isEmpty() const {
+    const auto& container = storage_.containerURL();
+    if (!container) return true;
+    const auto text = files_.read(*container / fileName_);
+    return !text && text.error() == std::errc::no_such_file_or_directory;
+  }
+
  private:
   const SharedStorage& storage_;
   FileSystem& files_;

@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "platform/cross_process_center.h"
 #include "platform/wall_clock.h"
@@ -13,9 +14,11 @@ namespace quibbly {
 /// The mailbox in which the roast-me intent leaves a notification for the application to post. Main thread.
 class PendingNotifyQueue {
  public:
+  static constexpr std::string_view fileName = "pendingNotify.json";
+
   PendingNotifyQueue(const SharedStorage& storage, FileSystem& files, CrossProcessCenter& center,
                      const WallClock& clock)
-      : box_(storage, files, "pendingNotify.json"), center_(center), clock_(clock) {}
+      : box_(storage, files, fileName), center_(center), clock_(clock) {}
 
   /// Leaves the notification in place of an unread one and says so to the application, which is told also when the
   /// container cannot be written.
@@ -23,6 +26,7 @@ class PendingNotifyQueue {
 
   /// The pending notification, which is gone then.
   [[nodiscard]] std::optional<PendingNotify> take() const { return box_.take(); }
+  [[nodiscard]] bool isEmpty() const { return box_.isEmpty(); }
 
  private:
   Mailbox<PendingNotify> box_;

@@ -18,11 +18,14 @@ class RoastRequestQueue {
   /// The name of the notification.
   static constexpr std::string_view darwinName = "org.quibbly.Quibbly.roastRequest";
 
+  static constexpr std::string_view fileName = "roastRequest.json";
+
   RoastRequestQueue(const SharedStorage& storage, FileSystem& files, CrossProcessCenter& center)
-      : box_(storage, files, "roastRequest.json"), center_(center) {}
+      : box_(storage, files, fileName), center_(center) {}
 
   /// The pending request, which is gone then.
   [[nodiscard]] std::optional<RoastRequest> take() const { return box_.take(); }
+  [[nodiscard]] bool isEmpty() const { return box_.isEmpty(); }
 
   /// Calls the handler for each notification until `stopObserving` is given the token, exactly once. What is registered
   /// belongs to the centre until then.

@@ -102,9 +102,11 @@ TEST_F(Lifecycle, figures_are_published_before_there_is_any_roast) {
   }
 }
 
-TEST_F(Lifecycle, looks_into_the_mailboxes_every_400_milliseconds) {
+TEST_F(Lifecycle, looks_into_the_mailboxes_every_400_milliseconds_where_nothing_can_be_watched) {
   home_.launchApp().start();
   advance(10s);
+  std::filesystem::remove_all(*home_.group.container.url());
+  advance(4s);
   leaveRequest();
   advance(400ms - 1ns);
   EXPECT_TRUE(home_.group.storage.readText("roastRequest.json"));

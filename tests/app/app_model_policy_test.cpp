@@ -40,7 +40,7 @@ TEST_F(Policy, the_count_begins_anew_with_the_day_or_with_another_days_time_zone
   EXPECT_EQ(*model().roastsSentToday, 0);
   EXPECT_EQ(stamp(), "2026-11-18");
   countOne();
-  home_.zone = "America/New_York";
+  home_.zone.set("America/New_York");
   model().reloadPolicyFromDefaults();
   EXPECT_EQ(*model().roastsSentToday, 0);
   EXPECT_EQ(stamp(), "2026-11-17");
@@ -102,7 +102,7 @@ TEST_F(Policy, pauses_for_a_time_and_says_until_when) {
 TEST_F(Policy, tomorrow_begins_at_midnight_of_the_day_that_is_24_hours_away) {
   home_.launchApp();
   struct Case {
-    std::string zone;
+    const char* zone;
     std::chrono::system_clock::time_point now;
     std::string until;
   };
@@ -118,7 +118,7 @@ TEST_F(Policy, tomorrow_begins_at_midnight_of_the_day_that_is_24_hours_away) {
       {"America/Havana", utc(2018, 11, 3, 15h), "Paused until 4 Nov 2018, 00:00"},
   });
   for (const Case& c : cases) {
-    home_.zone = c.zone;
+    home_.zone.set(c.zone);
     setLocalTime(c.now);
     model().statusMessage = std::nullopt;
     model().pauseRoastsUntilTomorrow();

@@ -36,6 +36,32 @@ TEST_F(WidgetRequests, a_request_makes_a_roast_within_the_limits_and_is_gone_in_
   EXPECT_EQ(roastsMade(), 1U);
 }
 
+TEST_F(WidgetRequests, the_application_sleeps_while_the_mailboxes_are_empty_and_nowhere_else) {
+  const auto container = *home_.group.container.url();
+  const auto sleeps = [&] { return home_.queue.untilNext() > 400ms; };
+  home_.queue.advance(10s);
+  EXPECT_TRUE(sleeps());
+  tree_.add("group/roastRequest.json", "no request");
+  run();
+  EXPECT_FALSE(sleeps()) << "what cannot be read is read again";
+  leaveRequest();
+  advance(400ms);
+  EXPECT_EQ(roastsMade(), 1U);
+  advance(reloads);
+  EXPECT_TRUE(sleeps());
+  std::filesystem::remove_all(container);
+  run();
+  EXPECT_FALSE(sleeps()) << "without its directory";
+  leaveRequest();
+  advance(400ms + reloads);
+  EXPECT_EQ(roastsMade(), 1U) << "the history went with the container";
+  EXPECT_TRUE(sleeps());
+  model().stop();
+  leaveRequest();
+  advance(10s);
+  EXPECT_TRUE(home_.group.storage.readText("roastRequest.json"));
+}
+
 TEST_F(WidgetRequests, the_notification_between_processes_is_answered_at_once) {
   advance(100ms);
   leaveRequest();

@@ -15,7 +15,9 @@
 #include "fakes/group.h"
 #include "fakes/manual_queue.h"
 #include "fakes/memory_preference_store.h"
+#include "fakes/time_zone.h"
 #include "platform/linux/icu_user_calendar.h"
+#include "platform/linux/inotify_watch.h"
 
 namespace quibbly::fakes {
 
@@ -51,8 +53,8 @@ struct ApplicationHome {
 
   ManualQueue queue;
   Group<QueueClock, MemoryPreferenceStore> group;
-  std::string zone = "Europe/London";
-  linux_services::IcuUserCalendar calendar{"en_GB", [this] { return zone; }};
+  TimeZone zone{"Europe/London"};
+  linux_services::IcuUserCalendar calendar{"en_GB"};
   FakeWidgetCenter widgetCenter;
   FakeCrossProcessCenter crossProcess;
   FakeDesktop desktop;
@@ -66,6 +68,7 @@ struct ApplicationHome {
   WidgetReload widgets{widgetCenter, group.preferences};
   RoastRequestQueue requests{group.storage, group.files, crossProcess};
   PendingNotifyQueue pending{group.storage, group.files, crossProcess, group.clock};
+  linux_services::InotifyWatch mailboxWatch{queue};
   DesktopBanner banner{queue, screen};
   NotificationManager notifications{queue,  center,       desktop,        desktop,
                                     banner, recentRoasts, group.userText, group.random};
@@ -81,6 +84,7 @@ struct ApplicationHome {
                               .widgets = widgets,
                               .requests = requests,
                               .pendingNotifications = pending,
+                              .mailboxWatch = mailboxWatch,
                               .notifications = notifications,
                               .application = desktop,
                               .pasteboard = desktop};

@@ -6,6 +6,7 @@
 #include <functional>
 #include <map>
 #include <mutex>
+#include <optional>
 #include <poll.h>
 #include <utility>
 
@@ -38,6 +39,12 @@ class ManualQueue : public MainQueue {
   void watch(int descriptor, std::function<void()> work) override { watches_[descriptor] = std::move(work); }
   void unwatch(int descriptor) override { watches_.erase(descriptor); }
   [[nodiscard]] ContinuousClock::time_point now() const override { return now_; }
+
+  /// How long there is nothing to do, if nothing is posted and nothing comes to be read.
+  [[nodiscard]] std::optional<ContinuousClock::duration> untilNext() const {
+    const auto next = timed_.nextDeadline();
+    return next ? std::optional(*next - now_) : std::nullopt;
+  }
 
   /// Runs what is posted, due or can be read, until nothing of it is left.
   void run() {

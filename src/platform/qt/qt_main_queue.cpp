@@ -110,11 +110,15 @@ class QtMainQueue::Loop : public QObject {
     armed_.reset();
     // Only what was due on waking: a loop that schedules itself at once gets its turn after everybody else's.
     const auto now = bootTime();
+    isRunningDue_ = true;
     while (auto work = timed_.takeDue(now)) (*work)();
+    isRunningDue_ = false;
     arm();
   }
 
+  /// Once for all that is due: work that comes again cancels and schedules.
   void arm() {
+    if (isRunningDue_) return;
     const auto next = timed_.nextDeadline();
     if (next == armed_) return;
     armed_ = next;
@@ -127,6 +131,7 @@ class QtMainQueue::Loop : public QObject {
   std::map<int, std::unique_ptr<QSocketNotifier>> watchers_;
   TimedWork timed_;
   std::optional<ContinuousClock::time_point> armed_;
+  bool isRunningDue_ = false;
   std::mutex mutex_;
   std::deque<Work> posted_;
 };

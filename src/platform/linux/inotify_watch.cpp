@@ -1,0 +1,90 @@
+#include "platform/linux/inotify_watch.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <cstring>
+#include <linux/magic.h>
+#include <sys/inotify.h>
+#include <sys/vfs.h>
+#include <unistd.h>
+#include <utility>
+
+#include <climits>
+
+namespace quibbly::linux_services {
+namespace {
+
+constexpr std::uint32_t hasCome = IN_CREATE | IN_MOVED_TO | IN_Q_OVERFLOW;
+constexpr std::uint32_t isOver = IN_DELETE_SELF | IN_MOVE_SELF | IN_UNMOUNT | IN_IGNORED;
+
+/// File systems on which others write too, without this kernel knowing.
+bool isShared(const std::filesystem::path& directory) {
+  struct statfs system{};
+  if (::statfs(directory.c_str(), &system) != 0) return true;
+  constexpr auto shared =
+      std::to_array<std::uint32_t>({NFS_SUPER_MAGIC, SMB_SUPER_MAGIC, SMB2_SUPER_MAGIC, CIFS_SUPER_MAGIC, V9FS_MAGIC,
+                                    AFS_SUPER_MAGIC, CODA_SUPER_MAGIC, CEPH_SUPER_MAGIC, FUSE_SUPER_MAGIC});
+  return std::ranges::find(shared, static_cast<std::uint32_t>(system.f_type)) != shared.end();
+}
+
+}  // namespace
+
+void InotifyWatch::begin(const std::filesystem::path& directory, std::vector<std::string> names,
+                         std::function<void()> changed) {
+  directory_ = directory;
+  names_ = std::move(names);
+  changed_ = std::move(changed);
+}
+
+bool InotifyWatch::canTell() {
+  if (descriptor_) return true;
+  if (!changed_ || isShared(directory_)) return false;
+  FileDescriptor made(::inotify_init1(IN_NONBLOCK | IN_CLOEXEC));
+  constexpr std::uint32_t events = IN_CREATE | IN_MOVED_TO | IN_DELETE_SELF | IN_MOVE_SELF | IN_ONLYDIR;
+  if (!made || ::inotify_add_watch(made.get(), directory_.c_str(), events) < 0) return false;
+  descriptor_ = std::move(made);
+  queue_.watch(descriptor_.get(), [this] { read(); });
+  return true;
+}
+
+void InotifyWatch::end() {
+  close();
+  changed_ = nullptr;
+}
+
+void InotifyWatch::read() {
+  const News news = takeNews();
+  if (news.isOver) close();
+  // It may end the watch.
+  const auto changed = changed_;
+  if (news.hasCome || news.isOver) changed();
+}
+
+InotifyWatch::News InotifyWatch::takeNews() const {
+  News news;
+  std::array<char, 16 * (sizeof(inotify_event) + NAME_MAX + 1)> buffer{};
+  for (ssize_t got = 0; (got = ::read(descriptor_.get(), buffer.data(), buffer.size())) > 0;) {
+    const auto length = static_cast<std::size_t>(got);
+    for (std::size_t at = 0; at + sizeof(inotify_event) <= length;) {
+      inotify_event event{};
+      std::memcpy(&event, &buffer.at(at), sizeof event);
+      at += sizeof event;
+      // Names end with a null, and more of them fill the place.
+      const char* const name = event.len > 0 ? &buffer.at(at) : "";
+      at += event.len;
+      const bool isNamed = event.len == 0 || std::ranges::find(names_, name) != names_.end();
+      news.hasCome = news.hasCome || ((event.mask & hasCome) != 0 && isNamed);
+      news.isOver = news.isOver || (event.mask & isOver) != 0;
+    }
+  }
+  return news;
+}
+
+void InotifyWatch::close() {
+  if (!descriptor_) return;
+  queue_.unwatch(descriptor_.get());
+  descriptor_ = FileDescriptor(-1);
+}
+
+}  // namespace quibbly::linux_services

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "platform/directory_watch.h"
+#include "platform/linux/file_descriptor.h"
+#include "platform/main_queue.h"
+
+namespace quibbly::linux_services {
+
+/// The kernel's inotify. It cannot tell of what other machines do, so directories of file systems that are shared over a
+/// network are not watched. Main thread.
+class InotifyWatch final : public DirectoryWatch {
+ public:
+  explicit InotifyWatch(MainQueue& queue) : queue_(queue) {}
+  InotifyWatch(const InotifyWatch&) = delete;
+  InotifyWatch& operator=(const InotifyWatch&) = delete;
+  ~InotifyWatch() override { close(); }
+
+  void begin(const std::filesystem::path& directory, std::vector<std::string> names,
+             std::function<void()> changed) override;
+  [[nodiscard]] bool canTell() override;
+  void end() override;
+
+ private:
+  /// What one reading of the descriptor says.
+  struct News {
+    bool hasCome = false;
+    bool isOver = false;
+  };
+
+  void read();
+  [[nodiscard]] News takeNews() const;
+  void close();
+
+  MainQueue& queue_;
+  std::filesystem::path directory_;
+  std::vector<std::string> names_;
+  std::function<void()> changed_;
+  FileDescriptor descriptor_{-1};  // only while it watches
+};
+
+}  // namespace quibbly::linux_services
