@@ -5,13 +5,13 @@
 # those build on; an include against the arrows of docs/architecture.md therefore finds no file. What a room HIDES only it
 # sees.
 #
-# A directory below a room belongs to it, unless a room of its own was made of it (platform/linux, platform/qt, ui/qt).
+# A directory below a room belongs to it, unless a room of its own was made of it (platform/linux, platform/qt, platform/x11, ui/qt).
 function(quibbly_room name directory)
   cmake_parse_arguments(ROOM "" "" "USES;ROOMS;HIDES" ${ARGN})
   set(source_dir ${PROJECT_SOURCE_DIR}/src/${directory})
   file(GLOB_RECURSE files CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR}/src ${source_dir}/*.h ${source_dir}/*.cpp)
   if(directory MATCHES "^(platform|ui)$")
-    list(FILTER files EXCLUDE REGEX "^${directory}/(linux|qt)/")
+    list(FILTER files EXCLUDE REGEX "^${directory}/(linux|qt|x11)/")
   endif()
   set(headers ${files})
   list(FILTER headers INCLUDE REGEX "\\.h$")

@@ -1,21 +1,16 @@
 #include "display.h"
 
 #include <filesystem>
+#include <sstream>
 #include <string>
+#include <utility>
 
 #include <QLibraryInfo>
 
 #include "machine/environment.h"
-#include "platform/linux/x11_handles.h"
 
 namespace quibbly {
 namespace {
-
-bool hasXDisplay() {
-  const std::string display = environment("DISPLAY");
-  int screen = 0;
-  return !display.empty() && linux_services::connectTo(display, screen) != nullptr;
-}
 
 /// The compositor's socket, and what Qt needs to speak to it, which is a package of its own.
 bool hasWayland() {
@@ -28,13 +23,29 @@ bool hasWayland() {
          std::filesystem::exists(plugins / "platforms/libqwayland-generic.so", ignored);
 }
 
+/// Without a platform when it is not there.
+Display displayOf(std::string platform) {
+  if (platform.starts_with("xcb")) {
+    x11::XDisplay x = x11::connectTo(environment("DISPLAY"));
+    if (!x) return {};
+    return {.platform = std::move(platform), .x = std::move(x)};
+  }
+  // Qt's other platforms need nothing of the session's.
+  const bool isThere = !platform.starts_with("wayland") || hasWayland();
+  return isThere ? Display{.platform = std::move(platform)} : Display{};
+}
+
 }  // namespace
 
 /// X comes first also on a Wayland session that offers it: Wayland lets no program place its own windows.
-bool chooseDisplay() {
-  if (!environment("QT_QPA_PLATFORM").empty()) return true;
-  if (hasXDisplay()) return qputenv("QT_QPA_PLATFORM", "xcb");
-  return hasWayland() && qputenv("QT_QPA_PLATFORM", "wayland");
+Display findDisplay() {
+  std::string wishes = environment("QT_QPA_PLATFORM");
+  if (wishes.empty()) wishes = "xcb;wayland";
+  std::istringstream platforms(wishes);
+  for (std::string platform; std::getline(platforms, platform, ';');) {
+    if (Display found = displayOf(platform); !found.platform.empty()) return found;
+  }
+  return {};
 }
 
 }  // namespace quibbly

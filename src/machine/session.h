@@ -4,12 +4,14 @@
 
 #include "platform/cross_process_center.h"
 #include "platform/desktop_appearance.h"
+#include "platform/directory_watch.h"
 #include "platform/main_queue.h"
 #include "platform/notification_center.h"
 #include "platform/single_instance.h"
 #include "platform/tray_host.h"
 #include "platform/widget_center.h"
 #include "platform/workspace.h"
+#include "platform/x11/x11_handles.h"
 
 namespace quibbly {
 
@@ -17,13 +19,15 @@ namespace quibbly {
 /// connected before it is used.
 class Session {
  public:
-  explicit Session(MainQueue& queue);
+  /// An icon of ours may be in the tray of this X display; without one, in none of X.
+  explicit Session(MainQueue& queue, x11::XDisplay trayDisplay = {});
   Session(const Session&) = delete;
   Session& operator=(const Session&) = delete;
   ~Session();
 
   [[nodiscard]] WidgetCenter& widgets();
   [[nodiscard]] CrossProcessCenter& crossProcess();
+  [[nodiscard]] DirectoryWatch& mailboxWatch();
   [[nodiscard]] NotificationCenter& notifications();
   [[nodiscard]] SingleInstance& instance();
   [[nodiscard]] Workspace& workspace();

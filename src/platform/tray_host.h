@@ -5,12 +5,12 @@
 namespace quibbly {
 
 /// Whoever shows the icons of programs on this desktop: a panel, a dock, a bar. One may come long after the program
-/// started. Main thread.
+/// started, and go before it ends. Main thread.
 class TrayHost {
  public:
   virtual ~TrayHost() = default;
-  /// Calls back once, on a later turn of the main queue, as soon as there is a host; never when none comes. Once.
-  virtual void await(std::function<void()> appeared) = 0;
+  /// Calls back on later turns of the main queue: when there is a host, and when it is gone; never while none comes. Once.
+  virtual void observe(std::function<void(bool isThere)> changed) = 0;
 };
 
 }  // namespace quibbly

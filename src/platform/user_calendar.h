@@ -26,8 +26,6 @@ class UserCalendar {
   [[nodiscard]] virtual Moment startOfDay(Moment moment) const = 0;
   /// An abbreviated date with a short time, as in "17 Nov 2026, 00:00"; the order and the words are the locale's.
   [[nodiscard]] virtual std::string dateAndTime(Moment moment) const = 0;
-  /// A short time, as in "14:05".
-  [[nodiscard]] virtual std::string timeOfDay(Moment moment) const = 0;
 };
 
 }  // namespace quibbly

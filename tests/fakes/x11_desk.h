@@ -31,23 +31,24 @@ class X11Desk {
     height_ = screen->height_in_pixels;
     selection_ = atom("_NET_SYSTEM_TRAY_S0");
     opcode_ = atom("_NET_SYSTEM_TRAY_OPCODE");
+  }
+
+  /// From now on there is a tray.
+  void appear() {
     window_ = xcb_generate_id(get());
     const std::uint32_t values[] = {1, XCB_EVENT_MASK_STRUCTURE_NOTIFY};
     xcb_create_window(get(), XCB_COPY_FROM_PARENT, window_, root_, static_cast<std::int16_t>(width_ - side), 0, side,
                       side, 0, XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT,
                       XCB_CW_OVERRIDE_REDIRECT | XCB_CW_EVENT_MASK, values);
     xcb_map_window(get(), window_);
-    xcb_flush(get());
-  }
-
-  /// From now on there is a tray.
-  void appear() {
     xcb_set_selection_owner(get(), window_, selection_, XCB_CURRENT_TIME);
     send(root_, XCB_EVENT_MASK_STRUCTURE_NOTIFY, atom("MANAGER"), {XCB_CURRENT_TIME, selection_, window_, 0, 0}, root_);
   }
   /// As when the program that holds it ends.
   void vanish() {
-    xcb_set_selection_owner(get(), XCB_WINDOW_NONE, selection_, XCB_CURRENT_TIME);
+    if (icon_) xcb_reparent_window(get(), *icon_, root_, 0, 0);
+    icon_.reset();
+    xcb_destroy_window(get(), window_);
     xcb_flush(get());
   }
 
@@ -71,6 +72,7 @@ class X11Desk {
   void click() {
     xcb_button_press_event_t event{};
     event.detail = XCB_BUTTON_INDEX_1;
+    event.time = now();  // two of the same time would be a double click
     event.root = root_;
     event.event = *icon_;
     event.event_x = event.event_y = side / 2;
@@ -85,15 +87,16 @@ class X11Desk {
     xcb_flush(get());
   }
 
-  /// Clicks as users do whose click did nothing: one that comes at once after the panel was closed is taken for the click
-  /// that closed it.
+  /// Clicks, and again where that did nothing: a click that comes at once after the panel was closed is taken for the one that
+  /// closed it.
   bool clickUntilShown(std::string_view title) {
-    constexpr auto patience = std::chrono::milliseconds(400);
-    return until([&] {
-      click();
-      const auto enough = std::chrono::steady_clock::now() + patience;
-      until([&] { return shows(title) || std::chrono::steady_clock::now() > enough; });
-      return shows(title);
+    return actUntilShown(title, [this] { click(); });
+  }
+  /// Opens a window by its key, with the control key, in the panel that the icon opens; and again where the panel lost the
+  /// keyboard before, to a window that came up late.
+  bool openByKey(std::string_view panel, xcb_keysym_t key, std::string_view title) {
+    return actUntilShown(title, [&] {
+      if (clickUntilShown(panel)) press(panel, key, true);
     });
   }
 
@@ -120,6 +123,32 @@ class X11Desk {
     xcb_flush(get());
   }
 
+  /// Whether a window says of itself, or its manager says, that it has a state (Extended Window Manager Hints,
+  /// "_NET_WM_STATE").
+  [[nodiscard]] bool hasState(std::string_view title, std::string_view state) const {
+    const auto window = windowOf(title, root_);
+    if (!window) return false;
+    const auto request = xcb_get_property(get(), 0, *window, atom("_NET_WM_STATE"), XCB_ATOM_ATOM, 0, 64);
+    const Reply<xcb_get_property_reply_t> reply(xcb_get_property_reply(get(), request, nullptr));
+    if (!reply) return false;
+    const std::span states(static_cast<const xcb_atom_t*>(xcb_get_property_value(reply.get())),
+                           static_cast<std::size_t>(xcb_get_property_value_length(reply.get())) / sizeof(xcb_atom_t));
+    return std::ranges::find(states, atom(state)) != states.end();
+  }
+  /// Closes a window as the button in its frame does.
+  void close(std::string_view title) {
+    if (const auto window = windowOf(title, root_)) {
+      send(root_, XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY, atom("_NET_CLOSE_WINDOW"),
+           {XCB_CURRENT_TIME, 2, 0, 0, 0}, *window);
+    }
+  }
+  /// Whether there is a window manager.
+  [[nodiscard]] bool isManaged() const {
+    const auto request = xcb_get_property(get(), 0, root_, atom("_NET_SUPPORTING_WM_CHECK"), XCB_ATOM_WINDOW, 0, 1);
+    const Reply<xcb_get_property_reply_t> reply(xcb_get_property_reply(get(), request, nullptr));
+    return reply && xcb_get_property_value_length(reply.get()) > 0;
+  }
+
   /// The colour of one pixel of the screen.
   [[nodiscard]] std::uint32_t pixel(int x, int y) const {
     const auto request = xcb_get_image(get(), XCB_IMAGE_FORMAT_Z_PIXMAP, root_, static_cast<std::int16_t>(x),
@@ -131,11 +160,28 @@ class X11Desk {
   [[nodiscard]] int height() const { return height_; }
 
  private:
+  template <typename Act>
+  bool actUntilShown(std::string_view title, const Act& act) const {
+    constexpr auto patience = std::chrono::milliseconds(700);
+    return until([&] {
+      act();
+      const auto enough = std::chrono::steady_clock::now() + patience;
+      until([&] { return shows(title) || std::chrono::steady_clock::now() > enough; });
+      return shows(title);
+    });
+  }
+
   struct Free {
     void operator()(void* memory) const { std::free(memory); }
   };
   template <typename T>
   using Reply = std::unique_ptr<T, Free>;
+
+  /// As the display counts: in milliseconds.
+  static xcb_timestamp_t now() {
+    const auto sinceBoot = std::chrono::steady_clock::now().time_since_epoch();
+    return static_cast<xcb_timestamp_t>(std::chrono::duration_cast<std::chrono::milliseconds>(sinceBoot).count());
+  }
 
   [[nodiscard]] xcb_connection_t* get() const { return connection_.get(); }
 

@@ -1,5 +1,6 @@
 #include "platform/linux/any_tray_host.h"
 
+#include <string>
 #include <utility>
 
 namespace quibbly::linux_services {
@@ -18,26 +19,31 @@ bool hasHost(sd_bus_message* answer) {
 
 }  // namespace
 
-AnyTrayHost::AnyTrayHost(MainQueue& queue, SessionBus& bus, std::string display)
+AnyTrayHost::AnyTrayHost(MainQueue& queue, SessionBus& bus, x11::XDisplay display)
     : queue_(queue), bus_(bus), display_(std::move(display)) {}
 
 AnyTrayHost::~AnyTrayHost() {
   for (const auto subscription : subscriptions_) bus_.detach(subscription);
 }
 
-void AnyTrayHost::await(std::function<void()> appeared) {
-  appeared_ = std::move(appeared);
+void AnyTrayHost::observe(std::function<void(bool isThere)> changed) {
+  changed_ = std::move(changed);
   // A watcher may come first and its host later, or both at once.
   const std::string owner =
       "type='signal',sender='org.freedesktop.DBus',interface='org.freedesktop.DBus',"
       "member='NameOwnerChanged',arg0='" +
       std::string(watcher) + "'";
-  const std::string host =
-      "type='signal',interface='" + std::string(watcher) + "',member='StatusNotifierHostRegistered'";
-  for (const auto& rule : {owner, host}) subscriptions_.push_back(bus_.subscribe(rule, [this] { askWatcher(); }));
+  const std::string host = "type='signal',interface='" + std::string(watcher) + "',member='StatusNotifierHost";
+  for (const auto& rule : {owner, host + "Registered'", host + "Unregistered'"}) {
+    subscriptions_.push_back(bus_.subscribe(rule, [this] { askWatcher(); }));
+  }
   askWatcher();
-  selection_ = std::make_unique<X11TraySelection>(queue_, display_, [this] { found(); });
-  if (selection_->hasOwner()) found();
+  selection_ = std::make_unique<X11TraySelection>(queue_, std::move(display_), [this] {
+    isOnDisplay_ = selection_->hasOwner();
+    tell();
+  });
+  isOnDisplay_ = selection_->hasOwner();
+  tell();
 }
 
 void AnyTrayHost::askWatcher() {
@@ -47,16 +53,15 @@ void AnyTrayHost::askWatcher() {
     (void)sd_bus_message_append(question.get(), "ss", watcher, "IsStatusNotifierHostRegistered");
   }
   bus_.call(question, lifetime_.whileItLasts([this](sd_bus_message* answer) {
-    if (hasHost(answer)) found();
+    isOnBus_ = hasHost(answer);
+    tell();
   }));
 }
 
-/// Whoever was found: nobody is waited for any more.
-void AnyTrayHost::found() {
-  if (!appeared_) return;
-  for (const auto subscription : std::exchange(subscriptions_, {})) bus_.detach(subscription);
-  // It may be the one that calls.
-  queue_.post([gone = std::move(selection_), appeared = std::exchange(appeared_, nullptr)] { appeared(); });
+void AnyTrayHost::tell() {
+  const bool isThere = isOnBus_ || isOnDisplay_;
+  if (std::exchange(told_, isThere) == isThere) return;
+  queue_.post(lifetime_.whileItLasts([this, isThere] { changed_(isThere); }));
 }
 
 }  // namespace quibbly::linux_services

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <memory>
-#include <string>
 #include <vector>
 
 #include "platform/lifetime.h"
@@ -12,27 +11,30 @@
 namespace quibbly::linux_services {
 
 /// A host of StatusNotifierItems on the session bus, or the owner of the tray's selection on an X display (freedesktop.org's
-/// System Tray Protocol), whichever comes first. Main thread.
+/// System Tray Protocol): there is a host as long as there is one of them. Main thread.
 class AnyTrayHost final : public TrayHost {
  public:
   /// A display that is not there has no hosts.
-  AnyTrayHost(MainQueue& queue, SessionBus& bus, std::string display);
+  AnyTrayHost(MainQueue& queue, SessionBus& bus, x11::XDisplay display);
   AnyTrayHost(const AnyTrayHost&) = delete;
   AnyTrayHost& operator=(const AnyTrayHost&) = delete;
   ~AnyTrayHost() override;
 
-  void await(std::function<void()> appeared) override;
+  void observe(std::function<void(bool isThere)> changed) override;
 
  private:
   void askWatcher();
-  void found();
+  void tell();
 
   MainQueue& queue_;
   SessionBus& bus_;
-  std::string display_;
-  std::function<void()> appeared_;
+  x11::XDisplay display_;  // until it is observed
+  std::function<void(bool isThere)> changed_;
   std::vector<SessionBus::AttachmentId> subscriptions_;
   std::unique_ptr<X11TraySelection> selection_;
+  bool isOnBus_ = false;
+  bool isOnDisplay_ = false;
+  bool told_ = false;
   Lifetime lifetime_;
 };
 

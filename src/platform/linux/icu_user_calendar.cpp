@@ -1,5 +1,6 @@
 #include "platform/linux/icu_user_calendar.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <cstdlib>
@@ -18,7 +19,7 @@ namespace {
 
 /// Year, abbreviated month, day, and the hour and minute as the locale counts hours.
 constexpr std::u16string_view dateAndTimeParts = u"yMMMdjmm";
-constexpr std::u16string_view timeParts = u"jmm";
+constexpr std::string_view posixLocale = "en_US_POSIX";
 
 struct CloseCalendar {
   void operator()(UCalendar* calendar) const { ucal_close(calendar); }
@@ -90,16 +91,31 @@ bool isKnownZone(std::string_view zone) {
   return U_SUCCESS(status) != 0;
 }
 
-std::string distanceToUtc() {
-  const std::time_t now = std::time(nullptr);
+std::tm localTime(std::time_t moment) {
   std::tm local{};
   ::tzset();
-  (void)::localtime_r(&now, &local);
+  (void)::localtime_r(&moment, &local);
+  return local;
+}
+
+std::string distanceToUtc() {
+  const std::tm local = localTime(std::time(nullptr));
   const long minutes = std::labs(local.tm_gmtoff) / 60;
   std::array<char, 32> text{};
   (void)std::snprintf(text.data(), text.size(), "GMT%c%02ld:%02ld", local.tm_gmtoff < 0 ? '-' : '+', minutes / 60,
                       minutes % 60);
   return text.data();
+}
+
+/// The name of the user's time zone, as in "Europe/Lisbon". Rules without a name give the distance to UTC that they have
+/// now, as in "GMT+03:30". By a zone that ICU does not know, days are those of UTC.
+std::string hostZone() {
+  const char* const set = std::getenv("TZ");
+  std::string_view name = set != nullptr ? set : "";
+  if (name.empty()) return utf8(textFrom(ucal_getHostTimeZone));
+  if (name.starts_with(':')) name.remove_prefix(1);
+  if (name.starts_with('/')) return zoneOfFile(name);
+  return isKnownZone(name) ? std::string(name) : distanceToUtc();
 }
 
 int field(const Calendar& calendar, UCalendarDateFields which) {
@@ -113,20 +129,34 @@ std::string dateLocale(const DateLocaleNames& names) {
   for (const std::string_view name : {names.lcAll, names.lcTime, names.lang}) {
     if (name.empty()) continue;
     const std::string_view locale = name.substr(0, name.find_first_of(".@"));
-    return locale == "C" || locale == "POSIX" ? "en_US_POSIX" : std::string(locale);
+    return locale == "C" || locale == "POSIX" ? std::string(posixLocale) : std::string(locale);
   }
-  return "en_US_POSIX";
+  return std::string(posixLocale);
 }
 
+/// A table of the first calendar of each region is in calendarPreferenceData of Unicode's CLDR.
+bool countsGregorianDays(std::string_view locale) {
+  if (locale == posixLocale) return true;
+  const std::size_t region = locale.rfind('_');
+  if (region == std::string_view::npos) return false;
+  constexpr auto others = std::to_array<std::string_view>({"AF", "IR", "SA", "TH"});
+  return std::ranges::find(others, locale.substr(region + 1)) == others.end();
+}
+
+/// Asked all day long, and ICU takes two megabytes and a half of memory once it is asked anything.
 UserCalendar::Day IcuUserCalendar::day(Moment moment) const {
-  const Calendar calendar = calendarAt(moment, locale_, zone_());
+  if (countsGregorianDays(locale_)) {
+    const std::tm local = localTime(std::chrono::system_clock::to_time_t(moment));
+    return {.year = local.tm_year + 1900, .month = local.tm_mon + 1, .day = local.tm_mday};
+  }
+  const Calendar calendar = calendarAt(moment, locale_, hostZone());
   return {.year = field(calendar, UCAL_YEAR),
           .month = field(calendar, UCAL_MONTH) + 1,
           .day = field(calendar, UCAL_DAY_OF_MONTH)};
 }
 
 UserCalendar::Moment IcuUserCalendar::startOfDay(Moment moment) const {
-  const Calendar calendar = calendarAt(moment, locale_, zone_());
+  const Calendar calendar = calendarAt(moment, locale_, hostZone());
   // Where the clock is set back over midnight, the day begins the first time.
   ucal_setAttribute(calendar.get(), UCAL_REPEATED_WALL_TIME, UCAL_WALLTIME_FIRST);
   for (const UCalendarDateFields part : {UCAL_HOUR_OF_DAY, UCAL_MINUTE, UCAL_SECOND, UCAL_MILLISECOND}) {
@@ -136,31 +166,18 @@ UserCalendar::Moment IcuUserCalendar::startOfDay(Moment moment) const {
   return momentOf(ucal_getMillis(calendar.get(), &status));
 }
 
-std::string IcuUserCalendar::dateAndTime(Moment moment) const { return written(moment, dateAndTimeParts); }
-
-std::string IcuUserCalendar::timeOfDay(Moment moment) const { return written(moment, timeParts); }
-
-/// The parts of the moment in the order and with the words of the locale.
-std::string IcuUserCalendar::written(Moment moment, std::u16string_view parts) const {
-  const icu::UnicodeString zone = icu::UnicodeString::fromUTF8(zone_());
+std::string IcuUserCalendar::dateAndTime(Moment moment) const {
+  const icu::UnicodeString zone = icu::UnicodeString::fromUTF8(hostZone());
   const icu::UnicodeString pattern = textFrom([&](char16_t* text, int room, UErrorCode* status) {
     const Patterns patterns(udatpg_open(locale_.c_str(), status));
-    return udatpg_getBestPattern(patterns.get(), parts.data(), static_cast<int>(parts.size()), text, room, status);
+    return udatpg_getBestPattern(patterns.get(), dateAndTimeParts.data(), static_cast<int>(dateAndTimeParts.size()),
+                                 text, room, status);
   });
   return utf8(textFrom([&](char16_t* text, int room, UErrorCode* status) {
     const Format format(udat_open(UDAT_PATTERN, UDAT_PATTERN, locale_.c_str(), zone.getBuffer(), zone.length(),
                                   pattern.getBuffer(), pattern.length(), status));
     return udat_format(format.get(), icuDate(moment), text, room, nullptr, status);
   }));
-}
-
-std::string IcuUserCalendar::hostZone() {
-  const char* const set = std::getenv("TZ");
-  std::string_view name = set != nullptr ? set : "";
-  if (name.empty()) return utf8(textFrom(ucal_getHostTimeZone));
-  if (name.starts_with(':')) name.remove_prefix(1);
-  if (name.starts_with('/')) return zoneOfFile(name);
-  return isKnownZone(name) ? std::string(name) : distanceToUtc();
 }
 
 }  // namespace quibbly::linux_services

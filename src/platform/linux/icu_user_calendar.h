@@ -1,6 +1,5 @@
 #pragma once
 
-#include <functional>
 #include <string>
 #include <string_view>
 
@@ -18,29 +17,21 @@ struct DateLocaleNames {
 /// The locale of dates, in ICU's words; `en_US_POSIX` when none is set.
 [[nodiscard]] std::string dateLocale(const DateLocaleNames& names);
 
-/// Days and dates by the rules that ICU knows for a locale.
+/// Whether the users of a locale are known to count days as the Gregorian calendar does.
+[[nodiscard]] bool countsGregorianDays(std::string_view locale);
+
+/// Days and dates by the rules that ICU knows for a locale, in the time zone of `TZ`, else of the machine, as it is at each
+/// call.
 class IcuUserCalendar final : public UserCalendar {
  public:
-  /// Gives the name of the user's time zone, as in "Europe/Lisbon". By one that ICU does not know, days are those of UTC.
-  using Zone = std::function<std::string()>;
-
-  explicit IcuUserCalendar(std::string locale, Zone zone = hostZone)
-      : locale_(std::move(locale)), zone_(std::move(zone)) {}
+  explicit IcuUserCalendar(std::string locale) : locale_(std::move(locale)) {}
 
   [[nodiscard]] Day day(Moment moment) const override;
   [[nodiscard]] Moment startOfDay(Moment moment) const override;
   [[nodiscard]] std::string dateAndTime(Moment moment) const override;
-  [[nodiscard]] std::string timeOfDay(Moment moment) const override;
-
-  /// That of `TZ`, else of the machine, as it is now. Rules without a name give the distance to UTC that they have now,
-  /// as in "GMT+03:30".
-  [[nodiscard]] static std::string hostZone();
 
  private:
-  [[nodiscard]] std::string written(Moment moment, std::u16string_view parts) const;
-
   std::string locale_;
-  Zone zone_;
 };
 
 }  // namespace quibbly::linux_services

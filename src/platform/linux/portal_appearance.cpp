@@ -15,7 +15,6 @@ constexpr const char* colourScheme = "color-scheme";
 
 /// `Read` wraps the value into one variant more than it says.
 std::optional<Appearance> appearanceIn(sd_bus_message* answer) {
-  if (answer == nullptr || sd_bus_message_is_method_error(answer, nullptr) != 0) return std::nullopt;
   char kind = 0;
   const char* content = nullptr;
   while (sd_bus_message_peek_type(answer, &kind, &content) > 0 && kind == SD_BUS_TYPE_VARIANT) {
@@ -31,21 +30,29 @@ std::optional<Appearance> appearanceIn(sd_bus_message* answer) {
 }  // namespace
 
 PortalAppearance::~PortalAppearance() {
-  if (subscription_) bus_.detach(*subscription_);
+  for (const auto subscription : subscriptions_) bus_.detach(subscription);
 }
 
 void PortalAppearance::observe(std::function<void(std::optional<Appearance>)> changed) {
   changed_ = std::move(changed);
-  const std::string rule = std::string("type='signal',path='") + portalPath + "',interface='" + settings +
-                           "',member='SettingChanged',arg0='" + appearance + "',arg1='" + colourScheme + "'";
-  subscription_ = bus_.subscribe(rule, [this] { ask(); });
+  const std::string change = std::string("type='signal',path='") + portalPath + "',interface='" + settings +
+                             "',member='SettingChanged',arg0='" + appearance + "',arg1='" + colourScheme + "'";
+  // At login it may come after us, or take longer to answer than we wait.
+  const std::string owner =
+      std::string(
+          "type='signal',sender='org.freedesktop.DBus',interface='org.freedesktop.DBus',member='NameOwnerChanged',arg0='") +
+      portal + "'";
+  for (const auto& rule : {change, owner}) subscriptions_.push_back(bus_.subscribe(rule, [this] { ask(); }));
   ask();
 }
 
 void PortalAppearance::ask() {
   const BusMessage question = bus_.newCall(portal, portalPath, settings, "Read");
   if (question) (void)sd_bus_message_append(question.get(), "ss", appearance, colourScheme);
-  bus_.call(question, lifetime_.whileItLasts([this](sd_bus_message* answer) { changed_(appearanceIn(answer)); }));
+  bus_.call(question, lifetime_.whileItLasts([this](sd_bus_message* answer) {
+    const bool isAnswer = answer != nullptr && sd_bus_message_is_method_error(answer, nullptr) == 0;
+    if (isAnswer) changed_(appearanceIn(answer));
+  }));
 }
 
 }  // namespace quibbly::linux_services

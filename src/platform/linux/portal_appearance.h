@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <optional>
+#include <vector>
 
 #include "platform/desktop_appearance.h"
 #include "platform/lifetime.h"
@@ -24,7 +25,7 @@ class PortalAppearance final : public DesktopAppearance {
 
   SessionBus& bus_;
   std::function<void(std::optional<Appearance>)> changed_;
-  std::optional<SessionBus::AttachmentId> subscription_;
+  std::vector<SessionBus::AttachmentId> subscriptions_;
   Lifetime lifetime_;
 };
 

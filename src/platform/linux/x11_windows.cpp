@@ -9,10 +9,12 @@
 #include <utility>
 #include <vector>
 
-#include "platform/linux/x11_handles.h"
+#include "platform/x11/x11_handles.h"
 
 namespace quibbly::linux_services {
 namespace {
+
+using namespace x11;
 
 using Property = XReply<xcb_get_property_reply_t>;
 
@@ -173,10 +175,9 @@ bool isLocalDisplay(const std::string& display) {
 }
 
 std::optional<WindowsReading> readWindows(const std::string& display) {
-  int screen = 0;
-  const XConnection connection = connectTo(display, screen);
+  const XDisplay connection = connectTo(display);
   if (!connection) return std::nullopt;
-  const auto root = rootOf(connection.get(), screen);
+  const auto root = rootOf(connection.get(), connection.screen);
   if (!root) return std::nullopt;
   auto reading = WindowReader(connection.get(), *root).read();
   // A server that went away in the middle leaves a part of the answers.

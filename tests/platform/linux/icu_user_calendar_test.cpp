@@ -1,13 +1,16 @@
 #include "platform/linux/icu_user_calendar.h"
 
-#include <cstdlib>
+#include <tuple>
 
 #include <gtest/gtest.h>
+
+#include "fakes/time_zone.h"
 
 namespace quibbly::linux_services {
 namespace {
 
 using namespace std::chrono_literals;
+using fakes::TimeZone;
 
 TEST(UserCalendar, writes_dates_as_the_locale_of_dates_does) {
   struct Case {
@@ -20,10 +23,10 @@ TEST(UserCalendar, writes_dates_as_the_locale_of_dates_does) {
       {{.lcAll = "", .lcTime = "", .lang = "fr_FR"}, "17 nov. 2026, 00:30"},
   };
   const auto moment = std::chrono::sys_days{std::chrono::year{2026} / 11 / 17} + 30min;
+  const TimeZone zone("Europe/London");
   for (const auto& [names, text] : cases) {
-    EXPECT_EQ(IcuUserCalendar(dateLocale(names), [] { return "Europe/London"; }).dateAndTime(moment), text);
+    EXPECT_EQ(IcuUserCalendar(dateLocale(names)).dateAndTime(moment), text);
   }
-  EXPECT_EQ(IcuUserCalendar("en_GB").timeOfDay(moment), "00:30");
 }
 
 TEST(UserCalendar, writes_english_when_nobody_says_otherwise) {
@@ -41,10 +44,33 @@ TEST(UserCalendar, follows_a_time_zone_that_changes_while_it_runs) {
                                                        {"XST5", "16 Nov 2026, 19:30"},
                                                        {"/no/such/zone", "17 Nov 2026, 00:30"}};
   for (const auto& [zone, text] : cases) {
-    ::setenv("TZ", zone, 1);
+    const TimeZone moved(zone);
     EXPECT_EQ(calendar.dateAndTime(moment), text) << zone;
   }
-  ::unsetenv("TZ");
+}
+
+TEST(UserCalendar, counts_days_in_the_calendar_of_the_region_and_in_the_zone_of_the_moment) {
+  struct Case {
+    const char* locale;
+    const char* zone;
+    UserCalendar::Day day;
+  };
+  const Case cases[] = {
+      {"en_GB", "Europe/London", {.year = 2026, .month = 11, .day = 17}},
+      {"en_GB", "America/New_York", {.year = 2026, .month = 11, .day = 16}},
+      {"en_US_POSIX", "<+0330>-3:30", {.year = 2026, .month = 11, .day = 17}},
+      {"de", "America/New_York", {.year = 2026, .month = 11, .day = 16}},
+      {"th_TH", "Asia/Bangkok", {.year = 2569, .month = 11, .day = 17}},
+      {"fa_IR", "Asia/Tehran", {.year = 1405, .month = 8, .day = 26}},
+      {"fa", "America/New_York", {.year = 1405, .month = 8, .day = 25}},
+  };
+  const auto moment = std::chrono::sys_days{std::chrono::year{2026} / 11 / 17} + 30min;
+  for (const auto& [locale, zone, expected] : cases) {
+    const TimeZone moved(zone);
+    const UserCalendar::Day day = IcuUserCalendar(locale).day(moment);
+    EXPECT_EQ(std::tuple(day.year, day.month, day.day), std::tuple(expected.year, expected.month, expected.day))
+        << locale << " in " << zone;
+  }
 }
 
 }  // namespace

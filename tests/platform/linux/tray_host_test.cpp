@@ -3,9 +3,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "fakes/bus_desktop.h"
 #include "fakes/manual_queue.h"
 #include "fakes/private_bus.h"
-#include "fakes/status_notifier_host.h"
 #include "fakes/x11_desk.h"
 #include "fakes/x_server.h"
 #include "platform/linux/any_tray_host.h"
@@ -15,6 +15,7 @@ namespace quibbly::linux_services {
 namespace {
 
 using ::testing::ElementsAre;
+using ::testing::IsEmpty;
 
 class TrayHosts : public ::testing::Test {
  protected:
@@ -22,18 +23,26 @@ class TrayHosts : public ::testing::Test {
     ASSERT_TRUE(daemon_.running()) << "dbus-daemon is needed";
     ASSERT_TRUE(screen_.installed()) << "Xvfb is needed";
   }
-  void await(const std::string& display) {
-    host_ = std::make_unique<AnyTrayHost>(queue_, bus_, display);
-    host_->await([this] { ++found_; });
-    EXPECT_EQ(found_, 0) << "answered inside the call";
-    // An answer of the bus that comes after all that was asked.
+  void observe(const std::string& display) {
+    told_.clear();
+    host_ = std::make_unique<AnyTrayHost>(queue_, bus_, x11::connectTo(display));
+    host_->observe([this](bool isThere) { told_.push_back(isThere); });
+    EXPECT_THAT(told_, IsEmpty()) << "answered inside the call";
+    awaitAnswers();
+  }
+  /// By one of the bus that comes after all that was asked.
+  void awaitAnswers() {
     bool served = false;
     bus_.call(bus_.newCall("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "GetId"),
               [&](sd_bus_message*) { served = true; });
     ASSERT_TRUE(queue_.until([&] { return served; }));
   }
-  bool isFound() {
-    return queue_.until([this] { return found_ == 1; });
+  template <typename... Expected>
+  bool untilTold(Expected... expected) {
+    return queue_.until([&] {
+      desktop_.serve();
+      return told_ == std::vector<bool>{expected...};
+    });
   }
 
   fakes::PrivateBus daemon_;
@@ -41,82 +50,97 @@ class TrayHosts : public ::testing::Test {
   fakes::ManualQueue queue_;
   SessionBus bus_{queue_, daemon_.address()};
   std::unique_ptr<AnyTrayHost> host_;
-  int found_ = 0;
+  fakes::BusDesktop desktop_{daemon_.address()};
+  std::vector<bool> told_;
 };
 
-TEST_F(TrayHosts, one_of_an_x_display_is_found_when_it_is_there_and_when_it_comes) {
+TEST_F(TrayHosts, one_of_an_x_display_is_told_as_it_comes_and_goes) {
   fakes::X11Desk desk(screen_.display());
-  await(screen_.display());
-  EXPECT_EQ(found_, 0);
+  observe(screen_.display());
+  EXPECT_THAT(told_, IsEmpty());
   desk.appear();
-  EXPECT_TRUE(isFound());
-  found_ = 0;
-  await(screen_.display());
-  EXPECT_TRUE(isFound());
+  EXPECT_TRUE(untilTold(true));
+  desk.vanish();
+  EXPECT_TRUE(untilTold(true, false));
   desk.appear();
-  queue_.run();
-  EXPECT_EQ(found_, 1) << "told twice";
+  EXPECT_TRUE(untilTold(true, false, true));
+  observe(screen_.display());
+  EXPECT_TRUE(untilTold(true)) << "there was one before";
 }
 
-TEST_F(TrayHosts, one_of_the_bus_is_found_when_it_is_there_and_when_it_comes_after_its_watcher) {
-  fakes::StatusNotifierHost host(daemon_.address());
-  const auto serve = [&] { host.serve(); };
-  await("");
-  host.ownName();
-  for (int i = 0; i < 100; ++i) {
-    queue_.run();
-    serve();
-  }
-  EXPECT_EQ(found_, 0) << "a watcher without a host shows nothing";
-  host.registerHost();
-  EXPECT_TRUE(queue_.until([&] {
-    serve();
-    return found_ == 1;
+TEST_F(TrayHosts, one_of_the_bus_is_told_as_it_comes_to_its_watcher_and_goes) {
+  observe("");
+  desktop_.ownTray();
+  ASSERT_TRUE(queue_.until([&] {
+    desktop_.serve();
+    return desktop_.wasAsked();
   }));
-  found_ = 0;
-  host_ = std::make_unique<AnyTrayHost>(queue_, bus_, "");
-  host_->await([this] { ++found_; });
-  EXPECT_TRUE(queue_.until([&] {
-    serve();
-    return found_ == 1;
-  }));
+  awaitAnswers();
+  EXPECT_THAT(told_, IsEmpty()) << "a watcher without a host shows nothing";
+  desktop_.registerHost();
+  EXPECT_TRUE(untilTold(true));
+  desktop_.registerHost(false);
+  EXPECT_TRUE(untilTold(true, false));
+  desktop_.registerHost();
+  EXPECT_TRUE(untilTold(true, false, true));
+  desktop_.giveUpTray();
+  EXPECT_TRUE(untilTold(true, false, true, false)) << "its watcher went";
+}
+
+TEST_F(TrayHosts, there_is_one_as_long_as_there_is_one_of_either_kind) {
+  fakes::X11Desk desk(screen_.display());
+  desk.appear();
+  desktop_.ownTray();
+  desktop_.registerHost();
+  observe(screen_.display());
+  EXPECT_TRUE(untilTold(true));
+  desktop_.giveUpTray();
+  awaitAnswers();
+  desk.vanish();
+  EXPECT_TRUE(untilTold(true, false));
 }
 
 TEST_F(TrayHosts, there_is_none_without_a_display_and_a_bus) {
   daemon_.kill();
-  host_ = std::make_unique<AnyTrayHost>(queue_, bus_, ":4711");
-  host_->await([this] { ++found_; });
+  host_ = std::make_unique<AnyTrayHost>(queue_, bus_, x11::connectTo(":4711"));
+  host_->observe([this](bool isThere) { told_.push_back(isThere); });
   queue_.run();
-  EXPECT_EQ(found_, 0);
+  EXPECT_THAT(told_, IsEmpty());
 }
 
 TEST_F(TrayHosts, the_colour_scheme_is_told_as_the_portal_has_it_and_as_it_changes) {
-  fakes::StatusNotifierHost desktop(daemon_.address());
   PortalAppearance appearance(bus_);
   std::vector<std::optional<Appearance>> told;
   const auto awaitAnswers = [&](std::size_t count) {
     return queue_.until([&] {
-      desktop.serve();
+      desktop_.serve();
       return told.size() == count;
     });
   };
-  desktop.ownPortal();
-  desktop.colourScheme = 1;
+  desktop_.ownPortal();
+  desktop_.colourScheme = 1;
   appearance.observe([&](const auto& preferred) { told.push_back(preferred); });
   ASSERT_TRUE(awaitAnswers(1));
   for (const std::uint32_t scheme : {2U, 0U, 7U}) {
-    desktop.changeColourScheme(scheme);
+    desktop_.changeColourScheme(scheme);
     ASSERT_TRUE(awaitAnswers(told.size() + 1)) << scheme;
   }
   EXPECT_THAT(told, ElementsAre(Appearance::dark, Appearance::light, std::nullopt, std::nullopt));
 }
 
-TEST_F(TrayHosts, a_desktop_without_a_portal_prefers_nothing) {
+TEST_F(TrayHosts, a_portal_that_comes_late_or_anew_is_asked) {
+  desktop_.colourScheme = 1;
   PortalAppearance appearance(bus_);
   std::vector<std::optional<Appearance>> told;
   appearance.observe([&](const auto& preferred) { told.push_back(preferred); });
-  ASSERT_TRUE(queue_.until([&] { return !told.empty(); }));
-  EXPECT_THAT(told, ElementsAre(std::nullopt));
+  awaitAnswers();
+  EXPECT_THAT(told, IsEmpty());
+  desktop_.ownPortal();
+  EXPECT_TRUE(queue_.until([&] {
+    desktop_.serve();
+    return !told.empty();
+  }));
+  EXPECT_THAT(told, ElementsAre(Appearance::dark));
 }
 
 }  // namespace

@@ -10,7 +10,7 @@
 #include <xcb/xcb.h>
 
 /// The C library of the X protocol, with owners.
-namespace quibbly::linux_services {
+namespace quibbly::x11 {
 
 struct FreeReply {
   // The library hands out memory of the C library's.
@@ -20,11 +20,34 @@ template <typename T>
 using XReply = std::unique_ptr<T, FreeReply>;
 using XConnection = std::unique_ptr<xcb_connection_t, decltype(&xcb_disconnect)>;
 
-/// Null when the display cannot be reached. Waits for the display.
-[[nodiscard]] inline XConnection connectTo(const std::string& display, int& screen) {
-  XConnection connection(xcb_connect(display.c_str(), &screen), &xcb_disconnect);
-  if (xcb_connection_has_error(connection.get()) != 0) connection.reset();
-  return connection;
+/// A connection of one's own to a display.
+struct XDisplay {
+  XConnection connection{nullptr, &xcb_disconnect};  // null: none
+  /// That which the display's name ends in.
+  int screen = 0;
+
+  [[nodiscard]] xcb_connection_t* get() const { return connection.get(); }
+  explicit operator bool() const { return connection != nullptr; }
+};
+
+/// None when the display has no name or cannot be reached. Waits for the display.
+[[nodiscard]] inline XDisplay connectTo(const std::string& display) {
+  XDisplay made;
+  // The library takes an empty name for that of the environment.
+  if (display.empty()) return made;
+  made.connection.reset(xcb_connect(display.c_str(), &made.screen));
+  if (xcb_connection_has_error(made.get()) != 0) made.connection.reset();
+  return made;
+}
+
+/// The screen that a display's name ends in; null names that of the environment.
+[[nodiscard]] inline int screenOf(const char* display) {
+  char* host = nullptr;
+  int number = 0;
+  int screen = 0;
+  if (xcb_parse_display(display, &host, &number, &screen) == 0) return 0;
+  const XReply<char> owner(host);
+  return screen;
 }
 
 [[nodiscard]] inline std::optional<xcb_window_t> rootOf(xcb_connection_t* connection, int screen) {
@@ -43,4 +66,4 @@ using XConnection = std::unique_ptr<xcb_connection_t, decltype(&xcb_disconnect)>
   return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
 }
 
-}  // namespace quibbly::linux_services
+}  // namespace quibbly::x11

@@ -10,20 +10,26 @@ namespace quibbly::fakes {
 
 /// A desktop on a bus: its tray of StatusNotifierItems, watcher and host in one, and its portal. It answers when the test
 /// has it serve.
-class StatusNotifierHost {
+class BusDesktop {
  public:
   /// 0 for no preference, 1 for dark, 2 for light.
   std::uint32_t colourScheme = 0;
 
-  explicit StatusNotifierHost(const std::string& address) : peer_(address) {
-    sd_bus_add_filter(peer_.get(), nullptr, &StatusNotifierHost::take, this);
+  explicit BusDesktop(const std::string& address) : peer_(address) {
+    sd_bus_add_filter(peer_.get(), nullptr, &BusDesktop::take, this);
   }
 
-  void ownName() const { sd_bus_request_name(peer_.get(), watcher, 0); }
+  void ownTray() const { sd_bus_request_name(peer_.get(), watcher, 0); }
   void ownPortal() const { sd_bus_request_name(peer_.get(), "org.freedesktop.portal.Desktop", 0); }
-  void registerHost() {
-    isRegistered_ = true;
-    sd_bus_emit_signal(peer_.get(), "/StatusNotifierWatcher", watcher, "StatusNotifierHostRegistered", "");
+  void registerHost(bool isRegistered = true) {
+    isRegistered_ = isRegistered;
+    sd_bus_emit_signal(peer_.get(), "/StatusNotifierWatcher", watcher,
+                       isRegistered ? "StatusNotifierHostRegistered" : "StatusNotifierHostUnregistered", "");
+  }
+  /// As when the program that has it ends.
+  void giveUpTray() {
+    sd_bus_release_name(peer_.get(), watcher);
+    item_.clear();
   }
   void changeColourScheme(std::uint32_t scheme) {
     colourScheme = scheme;
@@ -35,6 +41,8 @@ class StatusNotifierHost {
     while (sd_bus_process(peer_.get(), nullptr) > 0) {
     }
   }
+  /// Whether anybody wanted to know if it is a host.
+  [[nodiscard]] bool wasAsked() const { return wasAsked_; }
   /// The bus name of the icon that was registered last; empty without one.
   [[nodiscard]] const std::string& item() const { return item_; }
   /// As a click on the icon does.
@@ -55,11 +63,12 @@ class StatusNotifierHost {
 
   static int take(sd_bus_message* call, void* self, sd_bus_error*) {
     if (!sd_bus_message_is_method_call(call, nullptr, nullptr)) return 0;
-    return static_cast<StatusNotifierHost*>(self)->answer(call, sd_bus_message_get_member(call));
+    return static_cast<BusDesktop*>(self)->answer(call, sd_bus_message_get_member(call));
   }
 
   int answer(sd_bus_message* call, std::string_view member) {
     if (member == "Introspect") return sd_bus_reply_method_return(call, "s", description);
+    if (member == "Get") wasAsked_ = true;
     if (member == "Get") return sd_bus_reply_method_return(call, "v", "b", isRegistered_ ? 1 : 0);
     if (member == "Read") return sd_bus_reply_method_return(call, "v", "v", "u", colourScheme);
     if (member != "RegisterStatusNotifierItem") return 0;
@@ -71,6 +80,7 @@ class StatusNotifierHost {
 
   BusPeer peer_;
   bool isRegistered_ = false;
+  bool wasAsked_ = false;
   std::string item_;
 };
 
