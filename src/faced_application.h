@@ -16,8 +16,6 @@ class FacedApplication {
   /// The user started the program again.
   virtual void reopen() = 0;
   [[nodiscard]] virtual AppDelegate& delegate() = 0;
-  /// Whether it ended because its output could not be written.
-  [[nodiscard]] virtual bool hasFailed() const = 0;
 };
 
 }  // namespace quibbly

@@ -55,14 +55,16 @@ void AppDelegate::open(const std::vector<std::string>& urls) {
 Task<> AppDelegate::openOne(std::string url) {
   const auto model = AppModelBridge::shared.lock();
   if (!model) co_return;
-  // First what makes the Dock follow the preference: that it shows the program for a moment comes on top of it.
+  if (model->hideFromDock) {
+    application_.setActivationPolicy(ActivationPolicy::regular);
+    // What follows makes the Dock follow the preference, and so does coming forward.
+    auto hold = application_.holdRegular();
+    application_.activate(true);
+    queue_.runAt(queue_.now() + shownInDock, [hold = std::move(hold)] {
+      if (const auto then = AppModelBridge::shared.lock()) then->applyDockVisibility();
+    });
+  }
   model->handleOpenURL(url);
-  if (!model->hideFromDock) co_return;
-  application_.setActivationPolicy(ActivationPolicy::regular);
-  application_.activate(true);
-  queue_.runAt(queue_.now() + shownInDock, [] {
-    if (const auto then = AppModelBridge::shared.lock()) then->applyDockVisibility();
-  });
 }
 
 Task<> AppDelegate::processPendingNotify() {

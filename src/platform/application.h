@@ -1,5 +1,7 @@
 #pragma once
 
+#include <memory>
+
 #include "platform/activation_policy.h"
 
 namespace quibbly {
@@ -10,7 +12,10 @@ class Application {
   virtual ~Application() = default;
 
   virtual void setActivationPolicy(ActivationPolicy policy) = 0;
+  /// That which holds now.
   [[nodiscard]] virtual ActivationPolicy activationPolicy() const = 0;
+  /// The program is regular, whatever policy is set, as long as what this gives lives.
+  [[nodiscard]] virtual std::shared_ptr<void> holdRegular() = 0;
 
   /// Brings the program's windows forward; over those of the program that the user is at only when it ignores others.
   virtual void activate(bool ignoringOtherApps) = 0;

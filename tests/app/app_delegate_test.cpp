@@ -6,6 +6,7 @@ namespace {
 using namespace std::chrono_literals;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
+using ::testing::IsSupersetOf;
 
 class Delegate : public AppTest {
  protected:
@@ -80,12 +81,15 @@ TEST_F(Delegate, shows_in_the_dock_for_two_seconds_when_a_url_is_opened) {
   (void)calls();
   for (const char* url : {"quibbly://settings", "quibbly://roast"}) {
     delegate().open({url});
+    // As the desktop does when a window comes forward.
+    delegate().applicationDidBecomeActive();
     run();
-    EXPECT_THAT(calls(), ElementsAre("regular", "activate over others")) << url;
+    EXPECT_THAT(calls(), IsSupersetOf({"regular", "activate over others"})) << url;
     advance(2s - 1ns);
-    EXPECT_THAT(calls(), IsEmpty());
+    EXPECT_EQ(home_.desktop.activationPolicy(), ActivationPolicy::regular);
     advance(1ns);
-    EXPECT_THAT(calls(), ElementsAre("accessory"));
+    EXPECT_EQ(home_.desktop.activationPolicy(), ActivationPolicy::accessory);
+    (void)calls();
   }
   advance(10s);
   EXPECT_EQ(roastsMade(), 1U);

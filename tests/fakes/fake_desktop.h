@@ -15,6 +15,7 @@ namespace quibbly::fakes {
 /// The desktop around the program: notes what the program does to it.
 struct FakeDesktop final : Application, Pasteboard, Workspace {
   ActivationPolicy policy = ActivationPolicy::regular;
+  int holds = 0;
   bool active = false;
   std::vector<std::string> calls;
   std::string pasted;
@@ -25,7 +26,13 @@ struct FakeDesktop final : Application, Pasteboard, Workspace {
     policy = to;
     calls.emplace_back(to == ActivationPolicy::regular ? "regular" : "accessory");
   }
-  [[nodiscard]] ActivationPolicy activationPolicy() const override { return policy; }
+  [[nodiscard]] ActivationPolicy activationPolicy() const override {
+    return holds > 0 ? ActivationPolicy::regular : policy;
+  }
+  [[nodiscard]] std::shared_ptr<void> holdRegular() override {
+    ++holds;
+    return {this, [this](void*) { --holds; }};
+  }
   void activate(bool ignoringOtherApps) override {
     calls.emplace_back(ignoringOtherApps ? "activate over others" : "activate");
   }

@@ -12,6 +12,7 @@ class HeadlessApplication final : public Application {
 
   void setActivationPolicy(ActivationPolicy policy) override { policy_ = policy; }
   [[nodiscard]] ActivationPolicy activationPolicy() const override { return policy_; }
+  [[nodiscard]] std::shared_ptr<void> holdRegular() override { return nullptr; }
   void activate(bool /*ignoringOtherApps*/) override {}
   [[nodiscard]] bool isActive() const override { return false; }
   void hide() override {}
