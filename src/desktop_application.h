@@ -19,7 +19,6 @@ class DesktopApplication final : public FacedApplication {
   void start(const std::vector<std::string>& urls) override;
   void reopen() override;
   [[nodiscard]] AppDelegate& delegate() override { return core_.app.appDelegate; }
-  [[nodiscard]] bool hasFailed() const override { return false; }
 
  private:
   AppModel& model() { return *core_.app.appModel; }

@@ -1,6 +1,8 @@
 #include "run_application.h"
 
 #include <memory>
+#include <string>
+#include <utility>
 
 #include <QApplication>
 
@@ -8,6 +10,7 @@
 #include "commands/complaint.h"
 #include "desktop_application.h"
 #include "display.h"
+#include "machine/environment.h"
 #include "machine/machine.h"
 #include "machine/session.h"
 #include "platform/linux/own_names.h"
@@ -25,7 +28,8 @@ using namespace qt_services;
 /// One start of the program, from the question whether it is the first to its end.
 class Run {
  public:
-  Run(const CommandLine& request, bool hasDisplay) : session_(queue_), request_(request), hasDisplay_(hasDisplay) {}
+  Run(const CommandLine& request, Display display)
+      : session_(queue_, std::move(display.x)), request_(request), hasDisplay_(!display.platform.empty()) {}
   Run(const Run&) = delete;
   Run& operator=(const Run&) = delete;
   ~Run() {
@@ -39,13 +43,13 @@ class Run {
                                .action = [this](const auto& action) { act(action); }},
                               request_.urls, [this](SingleInstance::Place place) { begin(place); });
     const int status = QCoreApplication::exec();
-    return application_ && application_->hasFailed() ? cannotWrite() : status;
+    return isOutputLost_ ? cannotWrite() : status;
   }
 
  private:
   std::unique_ptr<FacedApplication> application() {
     if (hasDisplay_) return std::make_unique<DesktopApplication>(machine_, session_, queue_);
-    return std::make_unique<TerminalApplication>(machine_, session_, queue_);
+    return std::make_unique<TerminalApplication>(machine_, session_, queue_, [this] { isOutputLost_ = true; });
   }
 
   void begin(SingleInstance::Place place) {
@@ -84,13 +88,19 @@ class Run {
   Session session_;
   const CommandLine& request_;
   bool hasDisplay_;
+  bool isOutputLost_ = false;
   std::unique_ptr<FacedApplication> application_;
 };
 
 /// A desktop's program does without the terminal that it may have been started on.
-std::unique_ptr<QCoreApplication> desktopApplication(int& argc, char** argv) {
+std::unique_ptr<QCoreApplication> newQApplication(int& argc, char** argv, const std::string& platform) {
   letThrough(terminalSignals);
+  constexpr const char* variable = "QT_QPA_PLATFORM";
+  const std::string before = environment(variable);
+  (void)qputenv(variable, platform.c_str());
   auto application = std::make_unique<QApplication>(argc, argv);
+  // It is not meant for the programs that quibbly starts.
+  (void)(before.empty() ? qunsetenv(variable) : qputenv(variable, before.c_str()));
   QApplication::setQuitOnLastWindowClosed(false);
   QApplication::setDesktopFileName(ownDesktopId);
   return application;
@@ -99,17 +109,18 @@ std::unique_ptr<QCoreApplication> desktopApplication(int& argc, char** argv) {
 }  // namespace
 
 int runApplication(int argc, char** argv, const CommandLine& request) {
+  // A display that does not answer can be waited for no more than the user wants to.
+  Display display = request.terminal ? Display{} : findDisplay();
   holdBack(endingSignals);
   holdBack(terminalSignals);
-  const bool hasDisplay = !request.terminal && chooseDisplay();
   QCoreApplication::setApplicationName("quibbly");
   std::unique_ptr<QCoreApplication> application;
-  if (hasDisplay) {
-    application = desktopApplication(argc, argv);
-  } else {
+  if (display.platform.empty()) {
     application = std::make_unique<QCoreApplication>(argc, argv);
+  } else {
+    application = newQApplication(argc, argv, display.platform);
   }
-  return Run(request, hasDisplay).untilTheEnd();
+  return Run(request, std::move(display)).untilTheEnd();
 }
 
 }  // namespace quibbly

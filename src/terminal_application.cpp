@@ -1,19 +1,22 @@
 #include "terminal_application.h"
 
+#include <utility>
+
 #include "machine/environment.h"
+#include "ui/command_titles.h"
 
 namespace quibbly {
 namespace {
-
-constexpr double anHour = 3600;
 
 /// Whether colours are wanted (no-color.org).
 bool usesColours() { return environment("NO_COLOR").empty(); }
 
 }  // namespace
 
-TerminalApplication::TerminalApplication(Machine& machine, Session& session, MainQueue& queue)
-    : terminal_(queue, environment("TERM")),
+TerminalApplication::TerminalApplication(Machine& machine, Session& session, MainQueue& queue,
+                                         std::function<void()> failed)
+    : failed_(std::move(failed)),
+      terminal_(queue, environment("TERM")),
       toasts_(queue),
       pasteboard_(terminal_),
       application_(queue),
@@ -31,7 +34,7 @@ void TerminalApplication::start(const std::vector<std::string>& urls) {
   delegate().applicationDidFinishLaunching();
   face_.start([this] { quit(); },
               [this] {
-                hasFailed_ = true;
+                failed_();
                 quit();
               });
   delegate().open(urls);
@@ -43,13 +46,14 @@ void TerminalApplication::quit() {
 }
 
 std::vector<TerminalFace::Command> TerminalApplication::commands() {
-  return {{'r', "Roast me again", [this] { model().roastMeNow(false, false); }, {}},
-          {'n', "Roast + notify", [this] { model().roastMeNow(true, true); }, {}},
-          {'c', "Copy roast", [this] { model().copyLastRoast(); }, [this] { return model().lastRoast->has_value(); }},
-          {'p', "Pause for 1 hour", [this] { model().pauseRoasts(anHour); }, {}},
-          {'t', "Pause until tomorrow", [this] { model().pauseRoastsUntilTomorrow(); }, {}},
-          {'u', "Resume now", [this] { model().resumeRoasts(); }, {}},
-          {'q', "Quit quibbly", [this] { quit(); }, {}}};
+  return {{'r', command_titles::roast, [this] { model().roastMeNow(false, false); }, {}},
+          {'n', command_titles::roastAndNotify, [this] { model().roastMeNow(true, true); }, {}},
+          {'c', command_titles::copyRoast, [this] { model().copyLastRoast(); },
+           [this] { return model().lastRoast->has_value(); }},
+          {'p', command_titles::pauseForAnHour, [this] { model().pauseRoasts(anHour); }, {}},
+          {'t', command_titles::pauseUntilTomorrow, [this] { model().pauseRoastsUntilTomorrow(); }, {}},
+          {'u', command_titles::resume, [this] { model().resumeRoasts(); }, {}},
+          {'q', command_titles::quit, [this] { quit(); }, {}}};
 }
 
 }  // namespace quibbly

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <vector>
 
 #include "application_core.h"
@@ -14,18 +15,19 @@ namespace quibbly {
 /// quibbly on a terminal.
 class TerminalApplication final : public FacedApplication {
  public:
-  TerminalApplication(Machine& machine, Session& session, MainQueue& queue);
+  /// `failed` is called before the application ends because its output cannot be written.
+  TerminalApplication(Machine& machine, Session& session, MainQueue& queue, std::function<void()> failed);
 
   void start(const std::vector<std::string>& urls) override;
   void reopen() override { delegate().applicationShouldHandleReopen(false); }
   [[nodiscard]] AppDelegate& delegate() override { return core_.app.appDelegate; }
-  [[nodiscard]] bool hasFailed() const override { return hasFailed_; }
 
  private:
   AppModel& model() { return *core_.app.appModel; }
   void quit();
   std::vector<TerminalFace::Command> commands();
 
+  std::function<void()> failed_;
   linux_services::PosixTerminal terminal_;
   TerminalBannerScreen toasts_;
   TerminalPasteboard pasteboard_;
@@ -33,7 +35,6 @@ class TerminalApplication final : public FacedApplication {
   ApplicationCore core_;
   TerminalFace face_;
   Observers::Token changes_;
-  bool hasFailed_ = false;
 };
 
 }  // namespace quibbly

@@ -1,11 +1,12 @@
 #pragma once
 
+#include <chrono>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "platform/user_calendar.h"
 #include "ui/panel_contents.h"
 
 namespace quibbly {
@@ -25,6 +26,9 @@ struct DashboardContents {
   bool operator==(const DashboardContents&) const = default;
 };
 
-[[nodiscard]] DashboardContents dashboardContents(const PanelState& state, const UserCalendar& calendar);
+/// Writes a time of day without seconds, as the user does.
+using TimeOfDay = std::function<std::string(std::chrono::system_clock::time_point)>;
+
+[[nodiscard]] DashboardContents dashboardContents(const PanelState& state, const TimeOfDay& timeOfDay);
 
 }  // namespace quibbly

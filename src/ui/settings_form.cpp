@@ -19,7 +19,7 @@ constexpr auto untilTheTestIsOut = 500ms;
 
 void SettingsForm::appeared() {
   model_.reloadPolicyFromDefaults();
-  // What is stored may be no interval; then the model's is what counts, and is stored.
+  // What is stored may be no interval; `off` is stored then.
   setRandomInterval(randomInterval());
   setDailyLimit(dailyLimit());
   setHideFromDock(hideFromDock());

@@ -12,8 +12,10 @@
 #include "ui/qt/dashboard_view.h"
 #include "ui/qt/menu_bar_view.h"
 #include "ui/qt/settings_view.h"
+#include "ui/qt/symbol.h"
 #include "ui/qt/toast_view.h"
 #include "ui/qt/widgets/colours.h"
+#include "ui/qt/widgets/text.h"
 
 namespace quibbly {
 namespace {
@@ -50,20 +52,21 @@ class Album {
 };
 
 void takePictures(const Album& album) {
-  MenuBarView panel(MenuBarView::Style::panel, {});
+  MenuBarView panel(MenuBarView::Style::panel, Surface::translucent, {});
   panel.update(panelContents({.dailyRoastLimit = 3}));
   album.add(panel, "panel-empty");
   panel.update(panelContents(busyState()));
   album.add(panel, "panel");
 
-  ToastView toast({.title = "Your Mac would like a word", .message = busyState().lastRoast->text});
+  ToastView toast({.title = "Your Mac would like a word", .message = busyState().lastRoast->text},
+                  Surface::translucent);
   album.add(toast, "toast");
 
   const fakes::FileTree tree;
   fakes::ApplicationHome home(tree.root() / "group");
   home.launchApp();
   DashboardView dashboard({.title = "quibbly Dashboard", .atFirst = {560, 760}, .smallest = {520, 400}}, [] {}, {});
-  dashboard.update(dashboardContents(busyState(), home.calendar));
+  dashboard.update(dashboardContents(busyState(), shortTime));
   album.add(dashboard, "dashboard");
 
   SettingsForm form(*home.app->appModel, home.kept, home.notifications, home.group.storage);
@@ -73,6 +76,59 @@ void takePictures(const Album& album) {
   settings.update();
   settings.resize(500, 1560);
   album.add(settings, "settings");
+}
+
+/// The three symbols, as large as trays show them, on a light panel and on a dark one.
+class Tray : public QWidget {
+ public:
+  Tray() { setFixedSize(3 * cell, 2 * cell); }
+
+ protected:
+  void paintEvent(QPaintEvent* /*event*/) override {
+    using Symbol = MenuBarLabel::Symbol;
+    QPainter painter(this);
+    for (const auto& [row, ground] : {std::pair{0, QColor(0xF0F0F0)}, {1, QColor(0x202020)}}) {
+      painter.fillRect(0, row * cell, width(), cell, ground);
+      int x = inset;
+      for (const Symbol symbol : {Symbol::flame, Symbol::flameFill, Symbol::exclamationmarkTriangleFill}) {
+        trayIconOf(symbol).paint(&painter, x, row * cell + inset, side, side);
+        x += cell;
+      }
+    }
+  }
+
+ private:
+  static constexpr int cell = 30;
+  static constexpr int side = 22;
+  static constexpr int inset = (cell - side) / 2;
+};
+
+/// What a layout has to hold at most: a long roast, a long date, and a date that is written from right to left.
+void takeLongPictures(const Album& album) {
+  PanelState state = busyState();
+  state.lastRoast->text.clear();
+  while (state.lastRoast->text.size() < 300)
+    state.lastRoast->text += "Somewhere a tab is essential; the rest are vibes. ";
+  state.pauseStatusText = "Paused until Donnerstag, der 17. September 2026 um 23:00 Uhr Mitteleuropäischer Sommerzeit";
+  MenuBarView panel(MenuBarView::Style::panel, Surface::translucent, {});
+  panel.update(panelContents(state));
+  album.add(panel, "panel-long");
+  ToastView toast({.title = state.lastRoast->text, .message = state.lastRoast->text}, Surface::translucent);
+  album.add(toast, "toast-long");
+  state = busyState();
+  state.pauseStatusText = "Paused until ١٧ نوفمبر ٢٠٢٦، ١٢:٠٠ ص";
+  panel.update(panelContents(state));
+  album.add(panel, "panel-right-to-left-date");
+}
+
+void takeLargePictures(const Album& album) {
+  const QFont font = QApplication::font();
+  QFont large = font;
+  large.setPointSizeF(1.5 * font.pointSizeF());
+  QApplication::setFont(large);
+  takePictures(album);
+  takeLongPictures(album);
+  QApplication::setFont(font);
 }
 
 }  // namespace
@@ -87,6 +143,11 @@ int main(int argc, char** argv) {
   const std::string scale = qEnvironmentVariable("QT_SCALE_FACTOR", "1").toStdString();
   for (const auto& [appearance, name] : {std::pair{Appearance::light, "light"}, {Appearance::dark, "dark"}}) {
     setAppearance(appearance);
-    takePictures(Album(directory, std::string(name) + "-" + scale + "x"));
+    const Album album(directory, std::string(name) + "-" + scale + "x");
+    takePictures(album);
+    takeLongPictures(album);
+    takeLargePictures(Album(directory, std::string(name) + "-large-" + scale + "x"));
   }
+  Tray tray;
+  Album(directory, scale + "x").add(tray, "tray");
 }

@@ -95,6 +95,17 @@ TEST_F(Application, says_that_nobody_can_read_its_output) {
   EXPECT_THAT(output(), StartsWith("quibbly: cannot write to standard output"));
 }
 
+TEST_F(Application, is_a_terminals_where_the_display_that_is_wished_for_is_not_there) {
+  for (const char* wish : {"xcb", "wayland", "wayland;xcb"}) {
+    ::setenv("QT_QPA_PLATFORM", wish, 1);
+    Process application(start(""));
+    EXPECT_TRUE(untilSaid("Published before.")) << wish;
+    EXPECT_EQ(application.end(SIGTERM), 0) << output();
+    std::filesystem::remove(path("output"));
+  }
+  ::unsetenv("QT_QPA_PLATFORM");
+}
+
 TEST_F(Application, is_used_by_keys_on_a_terminal) {
   int user = -1;
   const pid_t child = ::forkpty(&user, nullptr, nullptr, nullptr);

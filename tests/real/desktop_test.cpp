@@ -1,11 +1,13 @@
 // The built application on a display, with the trays that desktops have.
 
 #include <chrono>
+#include <optional>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "fakes/status_notifier_host.h"
+#include "fakes/bus_desktop.h"
+#include "fakes/screen_reader.h"
 #include "fakes/x11_desk.h"
 #include "fakes/x_server.h"
 #include "real/application_session.h"
@@ -26,45 +28,53 @@ class Desktop : public fakes::ApplicationSession {
  protected:
   Desktop() {
     ::setenv("DISPLAY", screen_.display().c_str(), 1);
+    // What the tester's own session would have windows be.
+    for (const char* name : {"QT_QPA_PLATFORM", "QT_QPA_PLATFORMTHEME", "QT_STYLE_OVERRIDE", "QT_SCALE_FACTOR"}) {
+      ::unsetenv(name);
+    }
     ::setenv("TSAN_OPTIONS", "report_destroy_locked=0:suppressions=" QUIBBLY_TESTS_DIR "/real/desktop.tsan", 1);
   }
-  void SetUp() override { ASSERT_TRUE(screen_.installed()) << "Xvfb is needed"; }
+  void SetUp() override {
+    ASSERT_TRUE(screen_.installed()) << "Xvfb is needed";
+    desk_.emplace(screen_.display());
+    manager_.emplace(start("", ">/dev/null 2>&1", "openbox"));
+    ASSERT_TRUE(until([this] { return desk_->isManaged(); })) << "openbox is needed";
+  }
 
   bool untilShown(const char* title, bool isShown = true) {
-    const bool came = until([&] { return desk_.shows(title) == isShown; });
+    const bool came = until([&] { return desk_->shows(title) == isShown; });
     EXPECT_TRUE(came) << title << "\n" << output();
     return came;
   }
   bool untilDocked() {
-    return until([this] { return desk_.serve(); });
+    return until([this] { return desk_->serve(); });
   }
 
   fakes::XServer screen_;
-  fakes::X11Desk desk_{screen_.display()};
+  std::optional<fakes::X11Desk> desk_;
+  std::optional<Process> manager_;
 };
 
 TEST_F(Desktop, is_used_from_its_icon_and_quits_from_its_panel) {
-  desk_.appear();
+  desk_->appear();
   Process application(start(""));
   ASSERT_TRUE(untilDocked());
-  EXPECT_FALSE(desk_.shows("quibbly"));
+  EXPECT_FALSE(desk_->shows("quibbly"));
   for (const auto& [key, title] : {std::pair{letterD, "quibbly Dashboard"}, {comma, "Settings"}}) {
-    ASSERT_TRUE(desk_.clickUntilShown("quibbly"));
-    desk_.press("quibbly", key, true);
-    ASSERT_TRUE(untilShown(title));
+    ASSERT_TRUE(desk_->openByKey("quibbly", key, title));
     ASSERT_TRUE(untilShown("quibbly", false)) << "a panel that was left";
   }
-  ASSERT_TRUE(desk_.clickUntilShown("quibbly"));
-  desk_.press("quibbly", escape, false);
+  ASSERT_TRUE(desk_->clickUntilShown("quibbly"));
+  desk_->press("quibbly", escape, false);
   ASSERT_TRUE(untilShown("quibbly", false));
-  ASSERT_TRUE(desk_.clickUntilShown("quibbly"));
-  desk_.press("quibbly", letterQ, true);
+  ASSERT_TRUE(desk_->clickUntilShown("quibbly"));
+  desk_->press("quibbly", letterQ, true);
   EXPECT_EQ(application.wait(), 0);
   EXPECT_THAT(output(), IsEmpty());
 }
 
 TEST_F(Desktop, shows_a_toast_for_a_url_and_a_dashboard_when_it_is_started_again) {
-  desk_.appear();
+  desk_->appear();
   Process application(start("quibbly://roast"));
   ASSERT_TRUE(untilDocked());
   ASSERT_TRUE(untilShown("Your Mac would like a word"));
@@ -77,27 +87,98 @@ TEST_F(Desktop, shows_a_toast_for_a_url_and_a_dashboard_when_it_is_started_again
   EXPECT_LT(std::chrono::steady_clock::now() - told, 1s);
 }
 
-TEST_F(Desktop, is_a_window_while_there_is_no_tray_and_moves_into_the_one_that_comes) {
+TEST_F(Desktop, is_a_window_while_there_is_no_tray) {
+  ASSERT_EQ(run("prefs hideFromDock 1", ">/dev/null"), 0);
   Process application(start(""));
   ASSERT_TRUE(untilShown("quibbly"));
-  desk_.appear();
+  EXPECT_FALSE(desk_->hasState("quibbly", "_NET_WM_STATE_SKIP_TASKBAR")) << "there would be no way back to it";
+  for (const char* tray : {"one that comes", "one that comes back"}) {
+    desk_->appear();
+    ASSERT_TRUE(untilDocked()) << tray;
+    EXPECT_TRUE(untilShown("quibbly", false)) << tray;
+    desk_->vanish();
+    EXPECT_TRUE(untilShown("quibbly")) << tray;
+  }
+  EXPECT_EQ(application.end(SIGTERM), 0);
+}
+
+TEST_F(Desktop, follows_the_dock_rule_except_while_the_dashboard_is_open) {
+  constexpr const char* unlisted = "_NET_WM_STATE_SKIP_TASKBAR";
+  ASSERT_EQ(run("prefs hideFromDock 1", ">/dev/null"), 0);
+  desk_->appear();
+  Process application(start(""));
   ASSERT_TRUE(untilDocked());
-  EXPECT_TRUE(untilShown("quibbly", false));
+  ASSERT_TRUE(desk_->openByKey("quibbly", comma, "Settings"));
+  EXPECT_TRUE(until([&] { return desk_->hasState("Settings", unlisted); }));
+  ASSERT_TRUE(desk_->openByKey("quibbly", letterD, "quibbly Dashboard"));
+  EXPECT_TRUE(until([&] { return !desk_->hasState("Settings", unlisted); }));
+  // Opening the panel asks what the preference says.
+  ASSERT_TRUE(desk_->clickUntilShown("quibbly"));
+  desk_->press("quibbly", escape, false);
+  ASSERT_TRUE(untilShown("quibbly", false));
+  for (const char* window : {"quibbly Dashboard", "Settings"})
+    EXPECT_FALSE(desk_->hasState(window, unlisted)) << window;
+  desk_->close("quibbly Dashboard");
+  EXPECT_TRUE(until([&] { return desk_->hasState("Settings", unlisted); }));
   EXPECT_EQ(application.end(SIGTERM), 0);
 }
 
 TEST_F(Desktop, opens_its_panel_for_a_tray_on_the_bus) {
-  fakes::StatusNotifierHost tray(daemon_.address());
-  tray.ownName();
+  fakes::BusDesktop tray(daemon_.address());
+  tray.ownTray();
   tray.registerHost();
   Process application(start(""));
-  ASSERT_TRUE(until([&] {
+  const auto isDocked = [&] {
     tray.serve();
     return !tray.item().empty();
-  }));
+  };
+  ASSERT_TRUE(until(isDocked));
+  tray.activateItem();
+  EXPECT_TRUE(untilShown("quibbly"));
+  tray.giveUpTray();
+  EXPECT_TRUE(untilShown("quibbly", false));
+  tray.ownTray();
+  ASSERT_TRUE(until(isDocked));
   tray.activateItem();
   EXPECT_TRUE(untilShown("quibbly"));
   EXPECT_EQ(application.end(SIGTERM), 0);
+}
+
+TEST_F(Desktop, is_used_whole_by_a_screen_reader) {
+  const fakes::ScreenReader reader(daemon_);
+  ASSERT_TRUE(reader.works()) << "at-spi2-core is needed";
+  ::setenv("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", "1", 1);
+  desk_->appear();
+  Process application(start(""));
+  ASSERT_TRUE(untilDocked());
+  const auto untilUsed = [&](const char* role, const char* name) {
+    EXPECT_TRUE(until([&] { return reader.use(role, name); })) << role << " " << name << "\n" << reader.everything();
+  };
+  const auto untilSeen = [&](const char* role, const char* name) {
+    EXPECT_TRUE(until([&] { return reader.sees(role, name); })) << role << " " << name << "\n" << reader.everything();
+  };
+  ASSERT_TRUE(desk_->clickUntilShown("quibbly"));
+  untilUsed("push button", "Roast me again");
+  untilSeen("label", "Notify budget: 0/3 today");
+  untilUsed("push button", "Settings");
+  ASSERT_TRUE(untilShown("Settings"));
+  EXPECT_EQ(reader.value("slider", "Daily roast limit"), 3);
+  EXPECT_TRUE(reader.setValue("slider", "Daily roast limit", 7));
+  untilSeen("label", "Daily roast limit: 7");
+  untilUsed("push button", "Pause for 1 hour");
+  untilSeen("label", "Paused until");
+  untilUsed("push button", "Resume now");
+  untilSeen("label", "Not paused");
+  untilUsed("check box", "Hide app from Dock");
+  untilSeen("combo box", "Sarcastic");
+  untilSeen("combo box", "Off");
+  ASSERT_TRUE(desk_->clickUntilShown("quibbly"));
+  untilSeen("label", "Notify budget: 0/7 today");
+  untilUsed("push button", "Open dashboard");
+  untilUsed("push button", "Roast me now");
+  ASSERT_TRUE(desk_->clickUntilShown("quibbly"));
+  untilUsed("push button", "Quit quibbly");
+  EXPECT_EQ(application.wait(), 0);
 }
 
 }  // namespace

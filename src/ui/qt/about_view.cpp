@@ -4,12 +4,12 @@
 #include <QFontMetricsF>
 #include <QLinearGradient>
 #include <QPainter>
-#include <QPainterPath>
 #include <QStyle>
 
 #include "ui/qt/artwork.h"
 #include "ui/qt/widgets/fonts.h"
 #include "ui/qt/widgets/shadow.h"
+#include "ui/qt/widgets/smooth_rect.h"
 #include "ui/qt/widgets/text.h"
 
 namespace quibbly {
@@ -40,21 +40,13 @@ QColor whiteAt(double opacity) { return QColor::fromRgbF(1, 1, 1, static_cast<fl
 QColor blackAt(double opacity) { return QColor::fromRgbF(0, 0, 0, static_cast<float>(opacity)); }
 
 void paintOutline(QPainter& painter, const QRectF& area, double radius, double opacity) {
-  painter.setPen(QPen(whiteAt(opacity), 1));
-  painter.setBrush(Qt::NoBrush);
-  painter.drawRoundedRect(area.adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
-}
-
-QPainterPath rounded(const QRectF& area, double radius) {
-  QPainterPath path;
-  path.addRoundedRect(area, radius, radius);
-  return path;
+  painter.strokePath(smoothRect(area.adjusted(0.5, 0.5, -0.5, -0.5), radius - 0.5), QPen(whiteAt(opacity), 1));
 }
 
 }  // namespace
 
 AboutView::AboutView(Variant variant, int cardHeight, const ProgramVersion& program, QWidget* parent)
-    : QWidget(parent),
+    : FollowsFont(parent),
       variant_(variant),
       versionText_(qtText("Version " + program.version + " (" + program.build + ")")) {
   setAccessibleName(qtText("quibbly version " + program.version + ". Comedy, not diagnostics."));
@@ -69,7 +61,7 @@ void AboutView::paintEvent(QPaintEvent* /*event*/) {
   const QRectF card = QRectF(rect()).adjusted(shadowRoom, shadowRoom, -shadowRoom, -shadowRoom);
   paintShadow(painter, card, sizes.cardRadius, cardShadow);
   painter.save();
-  painter.setClipPath(rounded(card, sizes.cardRadius));
+  painter.setClipPath(smoothRect(card, sizes.cardRadius));
   paintCard(painter, card);
   painter.restore();
   paintOutline(painter, card, sizes.cardRadius, 0.12);
@@ -78,19 +70,20 @@ void AboutView::paintEvent(QPaintEvent* /*event*/) {
 void AboutView::paintCard(QPainter& painter, const QRectF& card) const {
   const Sizes& sizes = Sizes::of(variant_);
   artwork::paintAboutBackground(painter, card);
-  QLinearGradient shade(card.topLeft(), card.bottomRight());
+  const bool isMirrored = layoutDirection() == Qt::RightToLeft;
+  QLinearGradient shade(isMirrored ? card.topRight() : card.topLeft(),
+                        isMirrored ? card.bottomLeft() : card.bottomRight());
   shade.setColorAt(0, blackAt(0.55));
   shade.setColorAt(1.0 / 3, blackAt(0.15));
   shade.setColorAt(2.0 / 3, blackAt(0));
   shade.setColorAt(1, blackAt(0.65));
   painter.fillRect(card, shade);
   const QRectF content = card.adjusted(sizes.padding, sizes.padding, -sizes.padding, -sizes.padding);
-  const bool isMirrored = layoutDirection() == Qt::RightToLeft;
   const QRectF logo(isMirrored ? content.right() - sizes.logoSide : content.left(), content.bottom() - sizes.logoSide,
                     sizes.logoSide, sizes.logoSide);
   paintShadow(painter, logo, sizes.logoRadius, logoShadow);
   painter.save();
-  painter.setClipPath(rounded(logo, sizes.logoRadius), Qt::IntersectClip);
+  painter.setClipPath(smoothRect(logo, sizes.logoRadius), Qt::IntersectClip);
   artwork::paintLogo(painter, logo);
   painter.restore();
   paintOutline(painter, logo, sizes.logoRadius, 0.25);

@@ -3,11 +3,12 @@
 #include <QWidget>
 
 #include "ui/qt/program_version.h"
+#include "ui/qt/widgets/follows_font.h"
 
 namespace quibbly {
 
 /// The card with the program's artwork, name and version.
-class AboutView : public QWidget {
+class AboutView : public FollowsFont<QWidget> {
  public:
   /// The smaller variant, or the full one.
   enum class Variant { compact, full };
@@ -21,6 +22,7 @@ class AboutView : public QWidget {
  protected:
   void paintEvent(QPaintEvent* event) override;
   void changeEvent(QEvent* event) override;
+  void followFont() override { update(); }
 
  private:
   struct Sizes;

@@ -1,7 +1,7 @@
 #include "ui/qt/dashboard_view.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
-#include <QScreen>
 #include <QStyle>
 #include <QVBoxLayout>
 
@@ -11,6 +11,7 @@
 #include "ui/qt/widgets/label.h"
 #include "ui/qt/widgets/push_button.h"
 #include "ui/qt/widgets/text.h"
+#include "ui/qt/window_place.h"
 
 namespace quibbly {
 namespace {
@@ -45,8 +46,7 @@ QLayout* header(const std::function<void()>& roast) {
 DashboardView::DashboardView(const Frame& frame, const std::function<void()>& roast, const ProgramVersion& version)
     : roast_(new Label(FontRole::body)) {
   setWindowTitle(frame.title);
-  auto* const inside = new QWidget;
-  auto* const layout = new QVBoxLayout(inside);
+  auto* const layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->setSpacing(0);
   layout->addLayout(header(roast));
@@ -55,21 +55,28 @@ DashboardView::DashboardView(const Frame& frame, const std::function<void()>& ro
   layout->addWidget(form);
   today_ = &form->addSection("Today");
   today_->addText(roast_);
-  roast_->setContentsMargins(0, aroundTheRoast, 0, aroundTheRoast);
   estimates_ = &form->addSection("Live estimates");
   form->addBare(new AboutView(AboutView::Variant::full, cardHeight, version));
-  setCentralWidget(inside);
-  // Nothing has the keyboard before the user reaches for it.
-  inside->setFocusPolicy(Qt::StrongFocus);
-  inside->setFocus();
-  setMinimumSize(frame.smallest);
-  setGeometry(QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, frame.atFirst, screen()->availableGeometry()));
+  // No control has the keyboard before the user reaches for one.
+  form->setAccessibleName(frame.title);
+  form->setFocus();
+  setGround(*this, Colour::window);
+  setMinimumSize(window_place::withRoomForFrame(frame.smallest));
+  setGeometry(QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, window_place::withRoomForFrame(frame.atFirst),
+                                  window_place::freeArea()));
+}
+
+void DashboardView::changeEvent(QEvent* event) {
+  QDialog::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange) setGround(*this, Colour::window);
 }
 
 void DashboardView::update(const DashboardContents& contents) {
   today_->showValues(texts(contents.today));
   roast_->setTextIfChanged(qtText(contents.roast ? *contents.roast : DashboardContents::noRoast));
-  roast_->setRole(contents.roast ? Colour::primary : Colour::secondary);
+  const int around = contents.roast ? aroundTheRoast : 0;
+  roast_->setContentsMargins(0, around, 0, around);
+  roast_->setColour(contents.roast ? Colour::primary : Colour::secondary);
   estimates_->setVisible(contents.estimates.has_value());
   if (contents.estimates) estimates_->showValues(texts(*contents.estimates));
 }

@@ -2,7 +2,7 @@
 
 #include <functional>
 
-#include <QMainWindow>
+#include <QDialog>
 
 #include "ui/dashboard_contents.h"
 #include "ui/qt/program_version.h"
@@ -13,7 +13,7 @@ class FormSection;
 class Label;
 
 /// The dashboard: an ordinary window with the mood, the roast, the estimates and the card.
-class DashboardView : public QMainWindow {
+class DashboardView : public QDialog {
  public:
   /// What tells one window of it from another.
   struct Frame {
@@ -26,6 +26,11 @@ class DashboardView : public QMainWindow {
   DashboardView(const Frame& frame, const std::function<void()>& roast, const ProgramVersion& version);
 
   void update(const DashboardContents& contents);
+
+ protected:
+  void changeEvent(QEvent* event) override;
+  /// Escape closes dialogs; this is none to the user.
+  void keyPressEvent(QKeyEvent* event) override { QWidget::keyPressEvent(event); }
 
  private:
   FormSection* today_ = nullptr;

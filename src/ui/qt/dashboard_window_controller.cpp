@@ -19,19 +19,21 @@ DashboardWindowController::DashboardWindowController(WindowedApplication& applic
 
 void DashboardWindowController::show(AppModel& model) {
   application_.setActivationPolicy(ActivationPolicy::regular);
+  isOpen_ = application_.holdRegular();
   application_.activate(true);
-  const bool isNew = window_ == nullptr;
-  if (isNew) {
+  if (!window_) {
     window_ = std::make_unique<DashboardView>(frame, [&model] { model.roastMeNow(false, false); }, version_);
     window_->installEventFilter(this);
     application_.add(*window_);
   }
+  const bool appears = !window_->isVisible();
   application_.show(*window_);
-  if (isNew) model.start();
+  if (appears) model.start();
 }
 
 bool DashboardWindowController::eventFilter(QObject* /*window*/, QEvent* event) {
   if (event->type() == QEvent::Close) {
+    isOpen_.reset();
     if (const auto model = AppModelBridge::shared.lock()) model->applyDockVisibility();
   }
   return false;

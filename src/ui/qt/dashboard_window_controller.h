@@ -11,8 +11,8 @@ namespace quibbly {
 
 class AppModel;
 
-/// The dashboard's window: made when it is first asked for, and kept when it is closed. While it is open the program is a
-/// regular application; closed, the decision is the preference's again. Main thread.
+/// The dashboard that the panel opens: made when it is first asked for, and kept when it is closed. While it is open the
+/// program is a regular application; closed, the decision is the preference's again. Main thread.
 class DashboardWindowController : public QObject {
  public:
   DashboardWindowController(WindowedApplication& application, ProgramVersion version);
@@ -28,6 +28,7 @@ class DashboardWindowController : public QObject {
   WindowedApplication& application_;
   ProgramVersion version_;
   std::unique_ptr<DashboardView> window_;
+  std::shared_ptr<void> isOpen_;  // keeps the program regular
 };
 
 }  // namespace quibbly

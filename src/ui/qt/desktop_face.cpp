@@ -2,13 +2,14 @@
 
 #include <utility>
 
-#include "app/app_model_bridge.h"
 #include "ui/dashboard_contents.h"
+#include "ui/qt/widgets/text.h"
 
 namespace quibbly {
 namespace {
 
-constexpr DashboardView::Frame dashboardFrame{.title = "Dashboard", .atFirst = {560, 420}, .smallest = {480, 360}};
+constexpr DashboardView::Frame launchDashboardFrame{
+    .title = "Dashboard", .atFirst = {560, 420}, .smallest = {480, 360}};
 
 }  // namespace
 
@@ -19,12 +20,7 @@ DesktopFace::DesktopFace(Ports ports, AppModel& model)
                      .trayHost = ports_.trayHost,
                      .application = ports_.application,
                      .state = [this] { return PanelState::of(model_); },
-                     .panelShown =
-                         [this] {
-                           model_.start();
-                           model_.reloadPolicyFromDefaults();
-                           AppModelBridge::shared = model_.weak_from_this();
-                         }},
+                     .panelShown = [this] { model_.start(); }},
                     commands()),
       dashboardWindow_(ports_.application, ports_.version) {}
 
@@ -43,20 +39,20 @@ MenuBarView::Commands DesktopFace::commands() {
 
 void DesktopFace::reopen() {
   if (menuBarExtra_.hasIcon()) {
-    openDashboard();
+    openLaunchDashboard();
   } else {
     menuBarExtra_.openPanel();
   }
 }
 
-void DesktopFace::openDashboard() {
-  if (!dashboard_) {
-    dashboard_ =
-        std::make_unique<DashboardView>(dashboardFrame, [this] { model_.roastMeNow(false, false); }, ports_.version);
-    ports_.application.add(*dashboard_);
+void DesktopFace::openLaunchDashboard() {
+  if (!launchDashboard_) {
+    launchDashboard_ = std::make_unique<DashboardView>(
+        launchDashboardFrame, [this] { model_.roastMeNow(false, false); }, ports_.version);
+    ports_.application.add(*launchDashboard_);
   }
   model_.start();
-  ports_.application.show(*dashboard_);
+  ports_.application.show(*launchDashboard_);
   update();
 }
 
@@ -67,7 +63,6 @@ void DesktopFace::openSettings() {
   }
   if (!settings_->isVisible()) {
     model_.start();
-    model_.reloadPolicyFromDefaults();
     ports_.settings.appeared();
   }
   ports_.application.show(*settings_);
@@ -82,15 +77,13 @@ void DesktopFace::changed() {
   });
 }
 
-/// What is not on the screen waits until it is.
+/// Windows also while they are not on the screen: they may be away for a notification only.
 void DesktopFace::update() {
   menuBarExtra_.update();
-  for (DashboardView* const view : {dashboard_.get(), dashboardWindow_.window()}) {
-    if (view != nullptr && view->isVisible()) {
-      view->update(dashboardContents(PanelState::of(model_), ports_.calendar));
-    }
+  for (DashboardView* const view : {launchDashboard_.get(), dashboardWindow_.window()}) {
+    if (view != nullptr) view->update(dashboardContents(PanelState::of(model_), shortTime));
   }
-  if (settings_ && settings_->isVisible()) settings_->update();
+  if (settings_) settings_->update();
 }
 
 }  // namespace quibbly

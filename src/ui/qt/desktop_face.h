@@ -4,7 +4,6 @@
 #include <memory>
 
 #include "app/app_model.h"
-#include "platform/user_calendar.h"
 #include "ui/qt/dashboard_window_controller.h"
 #include "ui/qt/menu_bar_extra.h"
 #include "ui/qt/settings_view.h"
@@ -19,7 +18,6 @@ class DesktopFace {
     MainQueue& queue;
     TrayHost& trayHost;
     WindowedApplication& application;
-    const UserCalendar& calendar;
     SettingsForm& settings;
     std::function<void()> quit;
     ProgramVersion version;
@@ -36,14 +34,15 @@ class DesktopFace {
  private:
   [[nodiscard]] MenuBarView::Commands commands();
   void update();
-  void openDashboard();
+  /// A second one beside that of the panel: the one that a program without open windows opens with.
+  void openLaunchDashboard();
   void openSettings();
 
   Ports ports_;
   AppModel& model_;
   MenuBarExtra menuBarExtra_;
   DashboardWindowController dashboardWindow_;
-  std::unique_ptr<DashboardView> dashboard_;
+  std::unique_ptr<DashboardView> launchDashboard_;
   std::unique_ptr<SettingsView> settings_;
   bool isPosted_ = false;
 };

@@ -8,13 +8,14 @@
 #include <QScreen>
 
 #include "ui/qt/panel_placement.h"
+#include "ui/qt/window_hints.h"
 
 namespace quibbly {
 namespace {
 
 using namespace std::chrono_literals;
 
-/// A tray may come up together with us, at login.
+/// A tray may come up together with us, at login, or be restarted.
 constexpr auto untilThereIsNoTray = 2s;
 /// The click on the icon that closes a panel takes the keyboard from it first, and would open it again.
 constexpr auto sameClick = 300ms;
@@ -25,21 +26,43 @@ MenuBarExtra::MenuBarExtra(Ports ports, MenuBarView::Commands commands)
     : ports_(std::move(ports)), commands_(std::move(commands)) {}
 
 void MenuBarExtra::start() {
-  ports_.trayHost.await([this] { dock(); });
+  ports_.trayHost.observe([this](bool isThere) {
+    if (isThere) {
+      dock();
+    } else {
+      undock();
+    }
+  });
+  awaitTray();
+}
+
+void MenuBarExtra::awaitTray() {
   ports_.queue.runAt(ports_.queue.now() + untilThereIsNoTray, [this] {
-    if (!hasIcon()) openPanel();
+    if (!hasIcon()) showWindow();
   });
 }
 
+/// If the panel was a window, it is one of the other kind from now on.
 void MenuBarExtra::dock() {
-  icon_ = std::make_unique<TrayIcon>(
-      TrayIcon::Commands{.toggle = [this] { togglePanel(); }, .open = [this] { openPanel(); }, .quit = commands_.quit});
-  // If it was a window, it is one of the other kind from now on.
-  panel_.reset();
+  if (std::exchange(isDocked_, true)) return;
+  // Into a tray that comes again it goes by itself.
+  if (!icon_) {
+    icon_ = std::make_unique<TrayIcon>(TrayIcon::Commands{
+        .toggle = [this] { togglePanel(); }, .open = [this] { openPanel(); }, .quit = commands_.quit});
+  }
+  dropPanel();
   update();
 }
 
+void MenuBarExtra::undock() {
+  isDocked_ = false;
+  dropPanel();
+  awaitTray();
+}
+
 void MenuBarExtra::togglePanel() {
+  // Whoever clicks on the icon sees a tray, also one that was not told of yet.
+  dock();
   if (isPanelOpen()) {
     panel_->hide();
   } else if (ports_.queue.now() - closed_ > sameClick) {
@@ -49,11 +72,21 @@ void MenuBarExtra::togglePanel() {
 
 void MenuBarExtra::openPanel() {
   if (hasIcon()) clicked_ = icon_->place();
-  ports_.panelShown();
   MenuBarView& opened = panel();
   opened.update(panelContents(ports_.state()));
   placePanel();
+  isOpening_ = true;
   ports_.application.show(opened);
+}
+
+/// Nobody asked for it: whoever has the keyboard keeps it.
+void MenuBarExtra::showWindow() {
+  MenuBarView& window = panel();
+  window.update(panelContents(ports_.state()));
+  isOpening_ = true;
+  window.setAttribute(Qt::WA_ShowWithoutActivating);
+  window.show();
+  window.setAttribute(Qt::WA_ShowWithoutActivating, false);
 }
 
 void MenuBarExtra::placePanel() {
@@ -64,15 +97,33 @@ void MenuBarExtra::placePanel() {
   panel_->moveGround(panelPosition(clicked_, panel_->groundSize(), screen->availableGeometry()));
 }
 
+void MenuBarExtra::panelIsShown() {
+  ports_.panelShown();
+  // The display's compositor came or went since it was made.
+  if (!isPanelOpen() || panel_->surface() == window_hints::surface()) return;
+  dropPanel();
+  openPanel();
+}
+
 MenuBarView& MenuBarExtra::panel() {
   if (!panel_) {
-    panel_ =
-        std::make_unique<MenuBarView>(hasIcon() ? MenuBarView::Style::panel : MenuBarView::Style::window, commands_);
+    using Listing = WindowedApplication::Listing;
+    const auto style = hasIcon() ? MenuBarView::Style::panel : MenuBarView::Style::window;
+    panel_ = std::make_unique<MenuBarView>(style, window_hints::surface(), commands_);
     panel_->onResize([this] { placePanel(); });
     panel_->installEventFilter(this);
-    ports_.application.add(*panel_);
+    ports_.application.add(*panel_, hasIcon() ? Listing::byPolicy : Listing::always);
   }
   return *panel_;
+}
+
+/// It may be in the middle of something.
+void MenuBarExtra::dropPanel() {
+  if (!panel_) return;
+  panel_->removeEventFilter(this);
+  panel_->hide();
+  panel_->onResize({});
+  panel_.release()->deleteLater();
 }
 
 void MenuBarExtra::update() {
@@ -86,6 +137,12 @@ void MenuBarExtra::update() {
 
 bool MenuBarExtra::eventFilter(QObject* /*panel*/, QEvent* event) {
   if (event->type() == QEvent::Hide) closed_ = ports_.queue.now();
+  // A window that was minimised.
+  if (event->type() == QEvent::WindowStateChange) isOpening_ = isPanelOpen();
+  // After it is painted: the user has waited enough.
+  if (event->type() == QEvent::Paint && std::exchange(isOpening_, false)) {
+    ports_.queue.post([this] { panelIsShown(); });
+  }
   return false;
 }
 

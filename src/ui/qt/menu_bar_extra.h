@@ -15,8 +15,8 @@
 
 namespace quibbly {
 
-/// The icon in the tray and the panel that it opens. On a desktop without a tray the panel is a window, until a tray comes.
-/// Main thread; must outlive the queue's work.
+/// The icon in the tray and the panel that it opens. While there is no tray the panel is a window. Main thread; must
+/// outlive the queue's work.
 class MenuBarExtra : public QObject {
  public:
   struct Ports {
@@ -25,16 +25,16 @@ class MenuBarExtra : public QObject {
     WindowedApplication& application;
     /// What both show.
     std::function<PanelState()> state;
-    /// To be called each time the panel is shown.
+    /// Called each time the panel is shown, on the next turn of the queue.
     std::function<void()> panelShown;
   };
 
   MenuBarExtra(Ports ports, MenuBarView::Commands commands);
 
-  /// Shows the icon as soon as there is a tray to show it in, and the panel when none comes within a moment.
+  /// Shows the icon as soon as there is a tray to show it in, and the panel when there is none for a moment.
   void start();
   void openPanel();
-  [[nodiscard]] bool hasIcon() const { return icon_ != nullptr; }
+  [[nodiscard]] bool hasIcon() const { return isDocked_; }
   /// Shows what changed.
   void update();
 
@@ -43,15 +43,22 @@ class MenuBarExtra : public QObject {
 
  private:
   void dock();
+  void undock();
+  void awaitTray();
   void togglePanel();
   void placePanel();
+  void showWindow();
   MenuBarView& panel();
+  void panelIsShown();
+  void dropPanel();
   [[nodiscard]] bool isPanelOpen() const { return panel_ && panel_->isVisible() && !panel_->isMinimized(); }
 
   Ports ports_;
   MenuBarView::Commands commands_;
   std::unique_ptr<TrayIcon> icon_;
+  bool isDocked_ = false;
   std::unique_ptr<MenuBarView> panel_;
+  bool isOpening_ = false;  // nothing of it was painted yet
   QRect clicked_;
   ContinuousClock::time_point closed_;  // when the panel was closed last
 };

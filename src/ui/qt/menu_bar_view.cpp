@@ -1,15 +1,17 @@
 #include "ui/qt/menu_bar_view.h"
 
+#include <QAccessible>
 #include <QCloseEvent>
 #include <QGridLayout>
-#include <QMouseEvent>
 #include <QPainter>
 #include <QVBoxLayout>
 
+#include "ui/command_titles.h"
 #include "ui/qt/widgets/command_button.h"
 #include "ui/qt/widgets/divider.h"
 #include "ui/qt/widgets/label.h"
 #include "ui/qt/widgets/text.h"
+#include "ui/qt/window_hints.h"
 
 namespace quibbly {
 namespace {
@@ -47,10 +49,10 @@ Qt::WindowFlags flagsOf(MenuBarView::Style style) {
 
 }  // namespace
 
-MenuBarView::MenuBarView(Style style, const Commands& commands)
+MenuBarView::MenuBarView(Style style, Surface surface, const Commands& commands)
     : QDialog(nullptr, flagsOf(style)),
       style_(style),
-      look_(radius, shadow),
+      look_(radius, shadow, surface),
       outside_(new QVBoxLayout(this)),
       heading_(new Label(FontRole::headline)),
       collecting_(new Label(FontRole::body, Colour::secondary)),
@@ -58,15 +60,21 @@ MenuBarView::MenuBarView(Style style, const Commands& commands)
       grid_(new QGridLayout(rows_)),
       status_(new Label(FontRole::caption, Colour::secondary)) {
   setWindowTitle("quibbly");
-  if (style_ == Style::panel) setAttribute(Qt::WA_TranslucentBackground);
+  if (style_ == Style::panel) look_.prepare(*this);
   setFocusPolicy(Qt::StrongFocus);
   outside_->setSpacing(spacing);
   outside_->setSizeConstraint(QLayout::SetNoConstraint);
+  addBody();
+  addCommands(commands);
+}
+
+void MenuBarView::addBody() {
   auto* const body = column(nullptr, spacing);
   body->setContentsMargins(CommandButton::overhang, 0, CommandButton::overhang, 0);
   outside_->addLayout(body);
   body->addWidget(heading_);
   collecting_->setText(qtText(PanelContents::collecting));
+  for (Label* const one : {heading_, collecting_}) one->setWraps();
   body->addWidget(collecting_);
   grid_->setContentsMargins(0, 0, 0, 0);
   grid_->setHorizontalSpacing(betweenColumns);
@@ -77,13 +85,13 @@ MenuBarView::MenuBarView(Style style, const Commands& commands)
   auto* const footer = column(nullptr, betweenFooterLines);
   for (std::size_t i = 0; i < footerLines; ++i) {
     footer_.push_back(new Label(FontRole::caption2, Colour::tertiary));
+    footer_.back()->setWraps();
     footer->addWidget(footer_.back());
   }
   body->addLayout(footer);
   status_->setWraps();
   body->addWidget(status_);
   body->addWidget(new Divider);
-  addCommands(*outside_, commands);
 }
 
 void MenuBarView::addRoast(QVBoxLayout& layout) {
@@ -94,12 +102,12 @@ void MenuBarView::addRoast(QVBoxLayout& layout) {
   roast_->setWraps();
   roast_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   roast_->setFocusPolicy(Qt::ClickFocus);
-  roast_->setAccessibleName("Roast");
+  roast_->setObjectName("roast");
   inside->addWidget(roast_);
   layout.addWidget(roastArea_);
 }
 
-void MenuBarView::addCommands(QVBoxLayout& layout, const Commands& commands) {
+void MenuBarView::addCommands(const Commands& commands) {
   auto* const rows = column(nullptr, 0);
   const auto add = [&](const char* title, const QKeySequence& keys, const std::function<void()>& run) {
     auto* const button = new CommandButton(QString::fromUtf8(title), keys);
@@ -107,10 +115,10 @@ void MenuBarView::addCommands(QVBoxLayout& layout, const Commands& commands) {
     rows->addWidget(button);
     return button;
   };
-  layout.addLayout(rows);
-  add("Roast me again", QKeySequence("Ctrl+R"), commands.roast);
-  add("Roast + notify", {}, commands.roastAndNotify);
-  copy_ = add("Copy roast", QKeySequence("Ctrl+C"), commands.copyRoast);
+  outside_->addLayout(rows);
+  add(command_titles::roast, QKeySequence("Ctrl+R"), commands.roast);
+  add(command_titles::roastAndNotify, {}, commands.roastAndNotify);
+  copy_ = add(command_titles::copyRoast, QKeySequence("Ctrl+C"), commands.copyRoast);
   add("Open dashboard", QKeySequence("Ctrl+D"), commands.openDashboard);
   add("Settings…", QKeySequence("Ctrl+,"), commands.openSettings);
   rows->addSpacing(spacing);
@@ -118,7 +126,7 @@ void MenuBarView::addCommands(QVBoxLayout& layout, const Commands& commands) {
   line->setContentsMargins(CommandButton::overhang, 0, CommandButton::overhang, spacing);
   line->addWidget(new Divider);
   rows->addLayout(line);
-  add("Quit quibbly", QKeySequence("Ctrl+Q"), commands.quit);
+  add(command_titles::quit, QKeySequence("Ctrl+Q"), commands.quit);
 }
 
 void MenuBarView::update(const PanelContents& contents) {
@@ -130,7 +138,12 @@ void MenuBarView::update(const PanelContents& contents) {
   if (contents.roast) roast_->setTextIfChanged(qtText(*contents.roast));
   copy_->setEnabled(contents.roast.has_value());
   showFooter(contents.footer);
+  const bool isNews = contents.status && qtText(*contents.status) != status_->text();
   setShown(*status_, contents.status);
+  if (isNews && isVisible()) {
+    QAccessibleEvent said(status_, QAccessible::Alert);
+    QAccessible::updateAccessibility(&said);
+  }
   fit();
 }
 
@@ -182,7 +195,7 @@ void MenuBarView::showFooter(const std::vector<PanelContents::FooterLine>& lines
     Label& label = *footer_[i];
     label.setVisible(i < lines.size());
     if (i >= lines.size()) continue;
-    label.setRole(inkOf(lines[i].role));
+    label.setColour(inkOf(lines[i].role));
     label.setTextIfChanged(qtText(lines[i].text));
   }
 }
@@ -195,7 +208,6 @@ bool MenuBarView::event(QEvent* event) {
 }
 
 void MenuBarView::showEvent(QShowEvent* event) {
-  look_.follow();
   fit();
   QDialog::showEvent(event);
   // No command has the keyboard before the user reaches for one.
@@ -210,7 +222,7 @@ void MenuBarView::changeEvent(QEvent* event) {
 void MenuBarView::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   if (style_ == Style::panel) {
-    look_.paint(painter, *this, colourOf(Colour::panel), colourOf(Colour::separator));
+    look_.paint(painter, *this, {.ground = colourOf(Colour::panel), .outline = colourOf(Colour::separator)});
   } else {
     painter.fillRect(rect(), colourOf(Colour::panel));
   }
@@ -218,13 +230,9 @@ void MenuBarView::paintEvent(QPaintEvent* /*event*/) {
 
 void MenuBarView::resizeEvent(QResizeEvent* event) {
   QDialog::resizeEvent(event);
-  if (style_ == Style::panel) look_.cut(*this);
-}
-
-/// The shadow belongs to what is behind it.
-void MenuBarView::mousePressEvent(QMouseEvent* event) {
-  QDialog::mousePressEvent(event);
-  if (style_ == Style::panel && !look_.ground(*this).contains(event->position())) hide();
+  if (style_ != Style::panel) return;
+  look_.cut(*this);
+  window_hints::takeMouseOnlyIn(*this, look_.ground(*this).toRect());
 }
 
 void MenuBarView::reject() {

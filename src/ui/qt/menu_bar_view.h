@@ -32,7 +32,9 @@ class MenuBarView : public QDialog {
     std::function<void()> quit;
   };
 
-  MenuBarView(Style style, const Commands& commands);
+  MenuBarView(Style style, Surface surface, const Commands& commands);
+
+  [[nodiscard]] Surface surface() const { return look_.surface(); }
 
   /// Shows what changed, and leaves alone what did not: a selection in the roast stays.
   void update(const PanelContents& contents);
@@ -50,14 +52,14 @@ class MenuBarView : public QDialog {
   void showEvent(QShowEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
-  void mousePressEvent(QMouseEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
 
  private:
   void fit();
   [[nodiscard]] int roomAround() const;
+  void addBody();
   void addRoast(QVBoxLayout& layout);
-  void addCommands(QVBoxLayout& layout, const Commands& commands);
+  void addCommands(const Commands& commands);
   void showRows(const std::vector<PanelContents::Row>& rows);
   void showFooter(const std::vector<PanelContents::FooterLine>& lines);
 

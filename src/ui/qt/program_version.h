@@ -6,8 +6,8 @@ namespace quibbly {
 
 /// What the program says of itself.
 struct ProgramVersion {
-  std::string version = "0.1.0";
-  std::string build = "1";
+  std::string version = QUIBBLY_VERSION;
+  std::string build = QUIBBLY_BUILD;
 };
 
 }  // namespace quibbly

@@ -2,8 +2,10 @@
 
 #include <algorithm>
 
+#include <QEvent>
 #include <QVBoxLayout>
 
+#include "ui/command_titles.h"
 #include "ui/qt/about_view.h"
 #include "ui/qt/widgets/grouped_form.h"
 #include "ui/qt/widgets/label.h"
@@ -12,14 +14,13 @@
 #include "ui/qt/widgets/stepper.h"
 #include "ui/qt/widgets/text.h"
 #include "ui/qt/widgets/toggle_switch.h"
+#include "ui/qt/window_place.h"
 
 namespace quibbly {
 namespace {
 
 constexpr QSize smallest(500, 660);
 constexpr int cardHeight = 150;
-constexpr int mostRoastsADay = 256;
-constexpr double anHour = 3600;
 
 constexpr const char* appearanceHelp =
     "When on, quibbly runs as a menu bar agent (no Dock icon). Use the flame in the menu bar, Settings, or the widget. "
@@ -72,10 +73,16 @@ SettingsView::SettingsView(AppModel& model, SettingsForm& form, const ProgramVer
   addPause(*sections);
   addWidget(*sections);
   addHelp(sections->addSection(), privacyHelp);
-  setMinimumSize(smallest);
-  // Nothing has the keyboard before the user reaches for it.
-  setFocusPolicy(Qt::StrongFocus);
-  setFocus();
+  setGround(*this, Colour::window);
+  setMinimumSize(window_place::withRoomForFrame(smallest));
+  // No control has the keyboard before the user reaches for one.
+  sections->setAccessibleName(windowTitle());
+  sections->setFocus();
+}
+
+void SettingsView::changeEvent(QEvent* event) {
+  QDialog::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange) setGround(*this, Colour::window);
 }
 
 void SettingsView::addPersonality(GroupedForm& sections) {
@@ -94,16 +101,20 @@ void SettingsView::addAppearance(GroupedForm& sections) {
 
 void SettingsView::addRandomRoasts(GroupedForm& sections) {
   FormSection& section = sections.addSection("Random roasts");
-  interval_ = pickerOf<RandomRoastInterval>([this](RandomRoastInterval chosen) { form_.setRandomInterval(chosen); });
+  interval_ = pickerOf<RandomRoastInterval>([this](RandomRoastInterval chosen) {
+    // The one that it is already would start anew.
+    if (chosen != form_.randomInterval()) form_.setRandomInterval(chosen);
+  });
   section.addRow("Roast me randomly", interval_);
   addHelp(section, randomHelp);
 }
 
 void SettingsView::addNotifications(GroupedForm& sections) {
   FormSection& section = sections.addSection("Notifications & limits");
-  limitStepper_ = new Stepper(0, mostRoastsADay);
-  connect(limitStepper_, &QSpinBox::valueChanged, this, [this](int limit) { form_.setDailyLimit(limit); });
+  limitStepper_ = new Stepper(0, highestDailyRoastLimit);
+  connect(limitStepper_, &QAbstractSlider::valueChanged, this, [this](int limit) { form_.setDailyLimit(limit); });
   limit_ = &section.addRow("Daily roast limit: ", limitStepper_);
+  limitStepper_->setAccessibleName("Daily roast limit");
   sent_ = &section.addValue("Sent today");
   remaining_ = &section.addValue("Remaining today");
   addHelp(section, limitHelp);
@@ -117,11 +128,11 @@ void SettingsView::addNotifications(GroupedForm& sections) {
 void SettingsView::addPause(GroupedForm& sections) {
   FormSection& section = sections.addSection("Pause timed roasts");
   pause_ = &section.addText(new Label(FontRole::body));
-  auto* const resume = new PushButton("Resume now");
+  auto* const resume = new PushButton(command_titles::resume);
   connect(resume, &QAbstractButton::clicked, this, [this] { model_.resumeRoasts(); });
   resume_ = &section.addControl(resume);
-  addButton(section, "Pause for 1 hour", [this] { model_.pauseRoasts(anHour); });
-  addButton(section, "Pause until tomorrow", [this] { model_.pauseRoastsUntilTomorrow(); });
+  addButton(section, command_titles::pauseForAnHour, [this] { model_.pauseRoasts(anHour); });
+  addButton(section, command_titles::pauseUntilTomorrow, [this] { model_.pauseRoastsUntilTomorrow(); });
 }
 
 void SettingsView::addWidget(GroupedForm& sections) {
@@ -151,21 +162,21 @@ void SettingsView::update() {
   interval_->setCurrentIndex(static_cast<int>(indexOf(form_.randomInterval())));
   {
     const QSignalBlocker quiet(limitStepper_);
-    limitStepper_->setValue(static_cast<int>(std::clamp<std::int64_t>(form_.dailyLimit(), 0, mostRoastsADay)));
+    limitStepper_->setValue(static_cast<int>(std::clamp<std::int64_t>(form_.dailyLimit(), 0, highestDailyRoastLimit)));
   }
   limit_->setTextIfChanged("Daily roast limit: " + decimal(form_.dailyLimit()));
   sent_->setTextIfChanged(decimal(model_.roastsSentToday));
   remaining_->setTextIfChanged(decimal(form_.remainingToday()));
   status_->setTextIfChanged(qtText(*form_.notificationStatusText));
-  status_->setRole(*form_.bannersAllowed ? Colour::green : Colour::orange);
+  status_->setColour(*form_.bannersAllowed ? Colour::green : Colour::orange);
   const auto pause = model_.pauseStatusText();
   pause_->setTextIfChanged(qtText(pause ? std::string_view(*pause) : notPausedHelp));
-  pause_->setRole(pause ? Colour::orange : Colour::secondary);
+  pause_->setColour(pause ? Colour::orange : Colour::secondary);
   pause_->setFontRole(pause ? FontRole::body : FontRole::caption);
   resume_->setVisible(pause.has_value());
   const bool available = form_.containerAvailable();
   group_->setTextIfChanged(available ? "OK" : "Missing");
-  group_->setRole(available ? Colour::green : Colour::red);
+  group_->setColour(available ? Colour::green : Colour::red);
 }
 
 }  // namespace quibbly

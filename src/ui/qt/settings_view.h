@@ -27,6 +27,9 @@ class SettingsView : public QDialog {
   /// Shows what the model and the form hold now.
   void update();
 
+ protected:
+  void changeEvent(QEvent* event) override;
+
  private:
   void addPersonality(GroupedForm& sections);
   void addAppearance(GroupedForm& sections);

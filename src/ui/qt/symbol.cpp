@@ -1,10 +1,10 @@
 #include "ui/qt/symbol.h"
 
-#include <QIconEngine>
 #include <QPainter>
 #include <QTransform>
 
 #include "ui/qt/artwork.h"
+#include "ui/qt/widgets/drawn_icon.h"
 
 namespace quibbly {
 namespace {
@@ -29,32 +29,6 @@ QPainterPath hollowed(QPainterPath shape, const QPainterPath& inside) {
   return shape;
 }
 
-/// Draws at whatever size a tray asks for.
-class SymbolEngine final : public QIconEngine {
- public:
-  explicit SymbolEngine(Symbol symbol) : symbol_(symbol) {}
-
-  void paint(QPainter* painter, const QRect& rect, QIcon::Mode /*mode*/, QIcon::State /*state*/) override {
-    paintSymbol(*painter, symbol_, rect, trayColour);
-  }
-  [[nodiscard]] QIconEngine* clone() const override { return new SymbolEngine(symbol_); }
-  QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
-    QPixmap drawn(size);
-    drawn.fill(Qt::transparent);
-    QPainter painter(&drawn);
-    paint(&painter, drawn.rect(), mode, state);
-    return drawn;
-  }
-  QList<QSize> availableSizes(QIcon::Mode /*mode*/, QIcon::State /*state*/) override {
-    QList<QSize> sizes;
-    for (const int side : {16, 22, 24, 32, 44, 48, 64}) sizes.append({side, side});
-    return sizes;
-  }
-
- private:
-  Symbol symbol_;
-};
-
 }  // namespace
 
 void paintSymbol(QPainter& painter, Symbol symbol, const QRectF& square, const QColor& colour) {
@@ -73,13 +47,16 @@ void paintSymbol(QPainter& painter, Symbol symbol, const QRectF& square, const Q
       painter.fillPath(artwork::innerFlame(), secondToneOf(colour));
       break;
     case Symbol::exclamationmarkTriangleFill:
-      painter.fillPath(hollowed(artwork::triangle(), artwork::exclamationMark()), colour);
-      painter.fillPath(artwork::exclamationMark(), secondToneOf(Qt::white));
+      painter.fillPath(artwork::triangle(), colour);
+      painter.fillPath(artwork::exclamationMark(), Qt::white);
       break;
   }
   painter.restore();
 }
 
-QIcon trayIconOf(Symbol symbol) { return QIcon(new SymbolEngine(symbol)); }
+QIcon trayIconOf(Symbol symbol) {
+  return drawnIcon(
+      [symbol](QPainter& painter, const QRectF& square) { paintSymbol(painter, symbol, square, trayColour); });
+}
 
 }  // namespace quibbly

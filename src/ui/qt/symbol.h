@@ -10,7 +10,7 @@ class QColor;
 
 namespace quibbly {
 
-/// Paints a symbol in two tones of the colour.
+/// Paints a symbol in two tones: the colour and a paler one, or white on it.
 void paintSymbol(QPainter& painter, MenuBarLabel::Symbol symbol, const QRectF& square, const QColor& colour);
 
 /// A symbol for a tray, sharp at every size, in a colour that is seen on light panels and on dark ones.

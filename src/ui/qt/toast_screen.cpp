@@ -4,16 +4,17 @@
 
 #include <QGuiApplication>
 #include <QPropertyAnimation>
-#include <QScreen>
 
 #include "ui/qt/toast_view.h"
+#include "ui/qt/window_hints.h"
+#include "ui/qt/window_place.h"
 
 namespace quibbly {
 namespace {
 
 class ToastPanel final : public BannerPanel {
  public:
-  explicit ToastPanel(const BannerView& view) : view_(view) {}
+  explicit ToastPanel(const BannerView& view) : view_(view, window_hints::surface()) {}
 
   void setFrame(const BannerFrame& frame) override { view_.place(frame); }
   void orderFront() override { view_.show(); }
@@ -33,9 +34,8 @@ class ToastPanel final : public BannerPanel {
 }  // namespace
 
 std::optional<BannerFrame> ToastScreen::visibleFrame() const {
-  const QScreen* const screen = QGuiApplication::primaryScreen();
-  if (screen == nullptr) return std::nullopt;
-  const QRect free = screen->availableGeometry();
+  if (QGuiApplication::screens().isEmpty()) return std::nullopt;
+  const QRect free = window_place::freeArea();
   return BannerFrame{.x = free.x(), .y = free.y(), .width = free.width(), .height = free.height()};
 }
 

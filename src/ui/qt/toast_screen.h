@@ -4,7 +4,7 @@
 
 namespace quibbly {
 
-/// Toasts on the main screen of the desktop. Main thread.
+/// Toasts on the screen that the user is at. Main thread.
 class ToastScreen final : public BannerScreen {
  public:
   [[nodiscard]] std::optional<BannerFrame> visibleFrame() const override;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include <QAccessible>
 #include <QHBoxLayout>
 #include <QPainter>
 #include <QVBoxLayout>
@@ -25,6 +26,7 @@ constexpr int mostTitleLines = 1;
 constexpr int mostMessageLines = 4;
 constexpr double radius = 14;
 constexpr Shadow shadow{.opacity = 0.28, .blur = 16, .down = 6};
+/// Nothing blurs what is behind: more of it would cost the text its contrast.
 constexpr double material = 0.92;
 
 class Flame : public QWidget {
@@ -38,7 +40,7 @@ class Flame : public QWidget {
   void paintEvent(QPaintEvent* /*event*/) override {
     QPainter painter(this);
     paintSymbol(painter, MenuBarLabel::Symbol::flameFill, QRectF(rect()).adjusted(0, aboveSymbol, 0, 0),
-                colourOf(Colour::accent));
+                colourOf(Colour::orange));
   }
 };
 
@@ -51,14 +53,15 @@ Label* textOf(const std::string& text, FontRole role, Colour colour, int width, 
 
 }  // namespace
 
-ToastView::ToastView(const BannerView& view)
+ToastView::ToastView(const BannerView& view, Surface surface)
     : QWidget(nullptr, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::WindowDoesNotAcceptFocus |
                            Qt::NoDropShadowWindowHint),
-      look_(radius, shadow),
+      look_(radius, shadow, surface),
       frame_{.width = toastWidth, .height = toastHeight} {
   setWindowTitle(qtText(view.title));
+  setAccessibleName(qtText(view.title + ". " + view.message));
   setAttribute(Qt::WA_ShowWithoutActivating);
-  setAttribute(Qt::WA_TranslucentBackground);
+  look_.prepare(*this);
   setAttribute(Qt::WA_X11NetWmWindowTypeNotification);
   auto* const row = new QHBoxLayout(this);
   row->setSpacing(besideSymbol);
@@ -89,23 +92,24 @@ void ToastView::fit() {
 }
 
 void ToastView::showEvent(QShowEvent* event) {
-  look_.follow();
   fit();
   window_hints::showOnAllWorkspaces(*this);
   QWidget::showEvent(event);
+  QAccessibleEvent shown(this, QAccessible::Alert);
+  QAccessible::updateAccessibility(&shown);
 }
 
 void ToastView::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
   look_.cut(*this);
+  window_hints::takeMouseOnlyIn(*this, look_.ground(*this).toRect());
 }
 
 void ToastView::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   QColor ground = colourOf(Colour::panel);
-  ground.setAlphaF(static_cast<float>(material));
-  const QColor outline = appearance() == Appearance::dark ? colourOf(Colour::separator) : colourOf(Colour::outline);
-  look_.paint(painter, *this, ground, outline);
+  if (look_.surface() == Surface::translucent) ground.setAlphaF(static_cast<float>(material));
+  look_.paint(painter, *this, {.ground = ground, .outline = colourOf(Colour::glint)});
 }
 
 }  // namespace quibbly

@@ -12,7 +12,7 @@ class Label;
 /// The toast as a window: without frame, above everything, on all workspaces; it never takes the keyboard.
 class ToastView : public QWidget {
  public:
-  explicit ToastView(const BannerView& view);
+  ToastView(const BannerView& view, Surface surface);
 
   /// Where the toast is, less its shadow. Large type makes it taller.
   void place(const BannerFrame& frame);

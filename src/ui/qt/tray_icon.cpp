@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QCursor>
 
+#include "ui/command_titles.h"
 #include "ui/qt/symbol.h"
 #include "ui/qt/widgets/text.h"
 
@@ -11,7 +12,7 @@ namespace quibbly {
 TrayIcon::TrayIcon(const Commands& commands) {
   menu_.addAction("Open quibbly", this, commands.open);
   menu_.addSeparator();
-  menu_.addAction("Quit quibbly", this, commands.quit);
+  menu_.addAction(command_titles::quit, this, commands.quit);
   icon_.setContextMenu(&menu_);
   connect(&icon_, &QSystemTrayIcon::activated, this, [commands](QSystemTrayIcon::ActivationReason reason) {
     if (reason == QSystemTrayIcon::Trigger) commands.toggle();

@@ -3,40 +3,52 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
-#include <cstdlib>
 #include <cstring>
 #include <iterator>
 #include <memory>
-#include <string_view>
+#include <string>
 
 #include <QGuiApplication>
+#include <QTransform>
 #include <QWidget>
 #include <QWindow>
-#include <xcb/xcb.h>
+#include <xcb/shape.h>
+
+#include "platform/x11/x11_handles.h"
 
 namespace quibbly::window_hints {
 namespace {
 
-/// The display that Qt is connected to.
+using namespace x11;
+
+enum Name : std::uint8_t { compositor, activeWindow, desktop, state, sticky, skipTaskbar };
+
+/// The X display that Qt is connected to.
 class Display {
  public:
-  /// Null where the display is none of X.
-  [[nodiscard]] static xcb_connection_t* connection() {
-    auto* const x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    return x11 != nullptr ? x11->connection() : nullptr;
+  /// Null where the display is none of X. There is one as long as there is a QApplication.
+  [[nodiscard]] static const Display* current() {
+    static const std::unique_ptr<const Display> display = connect();
+    return display.get();
   }
 
-  explicit Display(xcb_connection_t* connection) : connection_(connection) {}
-
-  [[nodiscard]] xcb_atom_t atom(std::string_view name) const {
-    const auto request = xcb_intern_atom(connection_, 0, static_cast<std::uint16_t>(name.size()), name.data());
-    const Reply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(connection_, request, nullptr));
-    return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
+  explicit Display(xcb_connection_t* connection) : connection_(connection) {
+    const int screen = screenOf(nullptr);
+    root_ = rootOf(connection, screen).value_or(XCB_WINDOW_NONE);
+    // In the order of their names.
+    const auto names =
+        std::to_array<std::string>({"_NET_WM_CM_S" + std::to_string(screen), "_NET_ACTIVE_WINDOW", "_NET_WM_DESKTOP",
+                                    "_NET_WM_STATE", "_NET_WM_STATE_STICKY", "_NET_WM_STATE_SKIP_TASKBAR"});
+    std::array<xcb_intern_atom_cookie_t, names.size()> requests{};
+    std::ranges::transform(names, requests.begin(), [&](const auto& name) { return requestAtom(connection, name); });
+    std::ranges::transform(requests, atoms_.begin(), [&](auto request) { return atomOf(connection, request); });
   }
+
+  [[nodiscard]] xcb_atom_t atom(Name name) const { return atoms_.at(name); }
 
   [[nodiscard]] bool isOwned(xcb_atom_t selection) const {
     const auto request = xcb_get_selection_owner(connection_, selection);
-    const Reply<xcb_get_selection_owner_reply_t> reply(xcb_get_selection_owner_reply(connection_, request, nullptr));
+    const XReply<xcb_get_selection_owner_reply_t> reply(xcb_get_selection_owner_reply(connection_, request, nullptr));
     return reply && reply->owner != XCB_WINDOW_NONE;
   }
 
@@ -47,35 +59,46 @@ class Display {
     xcb_change_property(connection_, XCB_PROP_MODE_APPEND, idOf(window), property, XCB_ATOM_ATOM, 32, 1, &value);
   }
 
+  void setInputArea(const QWidget& window, const QRect& part) const {
+    // The display counts in pixels.
+    const QRect pixels = QTransform::fromScale(window.devicePixelRatio(), window.devicePixelRatio()).mapRect(part);
+    const xcb_rectangle_t area{.x = static_cast<std::int16_t>(pixels.x()),
+                               .y = static_cast<std::int16_t>(pixels.y()),
+                               .width = static_cast<std::uint16_t>(pixels.width()),
+                               .height = static_cast<std::uint16_t>(pixels.height())};
+    xcb_shape_rectangles(connection_, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT, XCB_CLIP_ORDERING_UNSORTED, idOf(window), 0,
+                         0, 1, &area);
+  }
+
   /// Asks the window manager for something (Extended Window Manager Hints, "Root Window Properties").
-  void ask(const QWidget& window, std::string_view wish, const std::array<std::uint32_t, 5>& words) const {
+  void ask(const QWidget& window, xcb_atom_t wish, const std::array<std::uint32_t, 5>& words) const {
     xcb_client_message_event_t message{};
     message.response_type = XCB_CLIENT_MESSAGE;
     message.format = 32;
     message.window = idOf(window);
-    message.type = atom(wish);
+    message.type = wish;
     std::ranges::copy(words, std::begin(message.data.data32));
     std::array<char, 32> event{};
     static_assert(sizeof message == sizeof event);
     std::memcpy(event.data(), &message, sizeof message);
-    const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(connection_)).data->root;
-    xcb_send_event(connection_, 0, root, XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
+    xcb_send_event(connection_, 0, root_, XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
                    event.data());
     xcb_flush(connection_);
   }
 
  private:
-  struct Free {
-    // NOLINTNEXTLINE(*-no-malloc,*-owning-memory): the library hands out memory of the C library's
-    void operator()(void* memory) const { std::free(memory); }
-  };
-  template <typename T>
-  using Reply = std::unique_ptr<T, Free>;
+  static std::unique_ptr<const Display> connect() {
+    auto* const x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    auto* const connection = x11 != nullptr ? x11->connection() : nullptr;
+    return connection != nullptr ? std::make_unique<const Display>(connection) : nullptr;
+  }
 
   /// Makes the window, if it is none of the display's yet.
   static xcb_window_t idOf(const QWidget& window) { return static_cast<xcb_window_t>(window.winId()); }
 
   xcb_connection_t* connection_;
+  xcb_window_t root_ = XCB_WINDOW_NONE;
+  std::array<xcb_atom_t, skipTaskbar + 1> atoms_{};
 };
 
 constexpr std::uint32_t ofAnApplication = 1;
@@ -83,40 +106,40 @@ constexpr std::uint32_t ofTheUser = 2;
 
 }  // namespace
 
-bool hasCompositor() {
-  auto* const connection = Display::connection();
-  if (connection == nullptr) return true;
-  const Display display(connection);
-  return display.isOwned(display.atom("_NET_WM_CM_S0"));
+Surface surface() {
+  const Display* const display = Display::current();
+  const bool isComposited = display == nullptr || display->isOwned(display->atom(compositor));
+  return isComposited ? Surface::translucent : Surface::opaque;
 }
 
 void showOnAllWorkspaces(QWidget& window) {
-  auto* const connection = Display::connection();
-  if (connection == nullptr) return;
+  const Display* const display = Display::current();
+  if (display == nullptr) return;
   constexpr std::uint32_t all = 0xFFFFFFFF;
-  const Display display(connection);
-  display.set(window, display.atom("_NET_WM_DESKTOP"), XCB_ATOM_CARDINAL, all);
-  display.append(window, display.atom("_NET_WM_STATE"), display.atom("_NET_WM_STATE_STICKY"));
+  display->set(window, display->atom(desktop), XCB_ATOM_CARDINAL, all);
+  display->append(window, display->atom(state), display->atom(sticky));
 }
 
 void setInTaskbar(QWidget& window, bool isListed) {
-  auto* const connection = Display::connection();
-  if (connection == nullptr) return;
-  const Display display(connection);
-  const xcb_atom_t taskbar = display.atom("_NET_WM_STATE_SKIP_TASKBAR");
-  const xcb_atom_t pager = display.atom("_NET_WM_STATE_SKIP_PAGER");
+  const Display* const display = Display::current();
+  if (display == nullptr) return;
   if (window.isVisible() && window.windowHandle() != nullptr && window.windowHandle()->isVisible()) {
-    display.ask(window, "_NET_WM_STATE", {isListed ? 0U : 1U, taskbar, pager, ofAnApplication, 0});
+    display->ask(window, display->atom(state),
+                 {isListed ? 0U : 1U, display->atom(skipTaskbar), XCB_ATOM_NONE, ofAnApplication, 0});
   } else if (!isListed) {
-    for (const xcb_atom_t state : {taskbar, pager}) display.append(window, display.atom("_NET_WM_STATE"), state);
+    display->append(window, display->atom(state), display->atom(skipTaskbar));
   }
+}
+
+void takeMouseOnlyIn(QWidget& window, const QRect& part) {
+  if (const Display* const display = Display::current()) display->setInputArea(window, part);
 }
 
 void bringForward(QWidget& window) {
   window.raise();
   window.activateWindow();
-  if (auto* const connection = Display::connection()) {
-    Display(connection).ask(window, "_NET_ACTIVE_WINDOW", {ofTheUser, XCB_CURRENT_TIME, 0, 0, 0});
+  if (const Display* const display = Display::current()) {
+    display->ask(window, display->atom(activeWindow), {ofTheUser, XCB_CURRENT_TIME, 0, 0, 0});
   }
 }
 

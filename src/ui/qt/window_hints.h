@@ -1,17 +1,20 @@
 #pragma once
 
-class QWidget;
+#include "ui/qt/widgets/floating_look.h"
 
 /// What Qt has no words for. On an X display it is told to the window manager; elsewhere, what a display does not let
 /// programs decide is left as it is. Main thread.
 namespace quibbly::window_hints {
 
-/// Whether what is painted translucent is seen so.
-[[nodiscard]] bool hasCompositor();
+/// What windows that are made now can have.
+[[nodiscard]] Surface surface();
 /// Also on those that the user changes to. To be called before the window is shown.
 void showOnAllWorkspaces(QWidget& window);
 /// To be called before the window is shown, or while it is.
 void setInTaskbar(QWidget& window, bool isListed);
+/// Leaves the mouse outside of this part of the window, its shadow, to what is behind it. To be called whenever the window
+/// has another size.
+void takeMouseOnlyIn(QWidget& window, const QRect& part);
 /// Raises the window and gives it the keyboard, as the user asked for it: managers keep programs from doing so unasked.
 void bringForward(QWidget& window);
 

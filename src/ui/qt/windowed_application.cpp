@@ -6,6 +6,8 @@
 #include <QApplication>
 #include <QEvent>
 
+#include "ui/qt/artwork.h"
+#include "ui/qt/widgets/drawn_icon.h"
 #include "ui/qt/window_hints.h"
 
 namespace quibbly {
@@ -25,33 +27,58 @@ WindowedApplication::WindowedApplication(MainQueue& queue) : queue_(queue) {
   });
 }
 
-void WindowedApplication::add(QWidget& window) {
-  std::erase_if(windows_, [](const auto& known) { return known.isNull(); });
-  windows_.emplace_back(&window);
+void WindowedApplication::add(QWidget& window, Listing listing) {
+  std::erase_if(windows_, [](const Known& known) { return known.window.isNull(); });
+  windows_.push_back({.window = &window, .listing = listing});
+  if (!isPanel(window)) window.setWindowIcon(drawnIcon(artwork::paintLogo));
   window.installEventFilter(this);
 }
 
 void WindowedApplication::show(QWidget& window) {
-  if (window.isMinimized()) window.showNormal();
+  if (window.isMinimized()) window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
   window.show();
   window_hints::bringForward(window);
 }
 
 bool WindowedApplication::hasVisibleWindows() const {
-  return std::ranges::any_of(windows_, [](const auto& window) { return window && window->isVisible(); });
+  return std::ranges::any_of(windows_, [](const Known& known) { return known.window && known.window->isVisible(); });
 }
 
 void WindowedApplication::setActivationPolicy(ActivationPolicy policy) {
-  if (std::exchange(policy_, policy) == policy) return;
-  for (const auto& window : windows_) {
-    if (window && window->isVisible()) window_hints::setInTaskbar(*window, policy == ActivationPolicy::regular);
+  policy_ = policy;
+  followPolicy();
+}
+
+ActivationPolicy WindowedApplication::activationPolicy() const {
+  return holds_ > 0 ? ActivationPolicy::regular : policy_;
+}
+
+std::shared_ptr<void> WindowedApplication::holdRegular() {
+  ++holds_;
+  followPolicy();
+  return {this, [self = QPointer(this)](void*) {
+            if (!self) return;
+            --self->holds_;
+            self->followPolicy();
+          }};
+}
+
+void WindowedApplication::followPolicy() {
+  if (std::exchange(followed_, activationPolicy()) == followed_) return;
+  for (const Known& known : windows_) {
+    if (known.window && known.window->isVisible()) list(known);
   }
+}
+
+void WindowedApplication::list(const Known& known) const {
+  if (isPanel(*known.window)) return;
+  window_hints::setInTaskbar(*known.window, known.listing == Listing::always || followed_ == ActivationPolicy::regular);
 }
 
 void WindowedApplication::activate(bool ignoringOtherApps) {
   if (!ignoringOtherApps || isActive()) return;
   QWidget* front = lastActive_;
-  for (const auto& window : windows_) {
+  for (const auto& [window, listing] : windows_) {
     if (!window || !window->isVisible()) continue;
     window->raise();
     if (front == nullptr || !front->isVisible()) front = window;
@@ -62,7 +89,7 @@ void WindowedApplication::activate(bool ignoringOtherApps) {
 bool WindowedApplication::isActive() const { return QApplication::activeWindow() != nullptr; }
 
 void WindowedApplication::hide() {
-  for (const auto& window : windows_) {
+  for (const auto& [window, listing] : windows_) {
     if (!window || !window->isVisible()) continue;
     if (!isPanel(*window)) hidden_.push_back(window);
     window->hide();
@@ -87,9 +114,14 @@ void WindowedApplication::terminate() {
 bool WindowedApplication::eventFilter(QObject* window, QEvent* event) {
   auto* const widget = qobject_cast<QWidget*>(window);
   if (event->type() == QEvent::WindowActivate) lastActive_ = widget;
+  // Qt tells it to windows only, and fonts that are set go no way down from there.
+  if (event->type() == QEvent::ApplicationFontChange) {
+    for (QWidget* const inside : widget->findChildren<QWidget*>()) QCoreApplication::sendEvent(inside, event);
+  }
   // Managers forget what they were told of a window that is taken off the screen.
-  if (event->type() == QEvent::Show && !event->spontaneous() && !isPanel(*widget)) {
-    window_hints::setInTaskbar(*widget, policy_ == ActivationPolicy::regular);
+  if (event->type() == QEvent::Show && !event->spontaneous()) {
+    const auto known = std::ranges::find(windows_, widget, [](const Known& one) { return one.window.data(); });
+    if (known != windows_.end()) list(*known);
   }
   return false;
 }

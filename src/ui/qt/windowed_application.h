@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <vector>
 
 #include <QObject>
@@ -17,8 +18,15 @@ class WindowedApplication final : public QObject, public Application {
  public:
   explicit WindowedApplication(MainQueue& queue);
 
-  /// The window follows the policy from now on, and comes forward and hides with the others.
-  void add(QWidget& window);
+  enum class Listing {
+    /// In the desktop's taskbar while the program is regular.
+    byPolicy,
+    /// In any case: it is the only way back to the program.
+    always,
+  };
+
+  /// The window follows the policy from now on, and comes forward and hides with the others. A panel is in no taskbar.
+  void add(QWidget& window, Listing listing = Listing::byPolicy);
   /// Shows the window, if it is not, in front of everything and with the keyboard.
   void show(QWidget& window);
   [[nodiscard]] bool hasVisibleWindows() const;
@@ -26,8 +34,10 @@ class WindowedApplication final : public QObject, public Application {
   void onBecomeActive(std::function<void()> becameActive) { becameActive_ = std::move(becameActive); }
 
   void setActivationPolicy(ActivationPolicy policy) override;
-  [[nodiscard]] ActivationPolicy activationPolicy() const override { return policy_; }
-  /// Does nothing unless it ignores others: an X display knows no coming forward that leaves the keyboard with whom it is.
+  [[nodiscard]] ActivationPolicy activationPolicy() const override;
+  [[nodiscard]] std::shared_ptr<void> holdRegular() override;
+  /// Does nothing unless it ignores others: there are window managers that give the keyboard to whoever asks, and nothing that
+  /// the user did says that he is done where he is.
   void activate(bool ignoringOtherApps) override;
   [[nodiscard]] bool isActive() const override;
   /// A panel closes for good, as it does whenever it loses the keyboard.
@@ -39,10 +49,20 @@ class WindowedApplication final : public QObject, public Application {
   bool eventFilter(QObject* window, QEvent* event) override;
 
  private:
+  struct Known {
+    QPointer<QWidget> window;
+    Listing listing = Listing::byPolicy;
+  };
+
+  void followPolicy();
+  void list(const Known& known) const;
+
   MainQueue& queue_;
   ActivationPolicy policy_ = ActivationPolicy::regular;
+  ActivationPolicy followed_ = ActivationPolicy::regular;
+  int holds_ = 0;
   std::function<void()> becameActive_;
-  std::vector<QPointer<QWidget>> windows_;
+  std::vector<Known> windows_;
   std::vector<QPointer<QWidget>> hidden_;  // by `hide`
   QPointer<QWidget> lastActive_;
 };

@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QPalette>
+#include <QWidget>
 
 namespace quibbly {
 namespace {
@@ -35,13 +36,15 @@ constexpr auto table = std::to_array<Tones>({
     {Colour::control, solid(0xFFFFFF), solid(0x48484A)},
     {Colour::controlOutline, black(16), white(10)},
     {Colour::hover, black(6), white(8)},
+    {Colour::knob, solid(0xFFFFFF), solid(0xFFFFFF)},
+    {Colour::glint, white(15), white(15)},
 });
 
 constexpr bool isInOrder() {
   for (std::size_t i = 0; i < table.size(); ++i) {
     if (table[i].colour != static_cast<Colour>(i)) return false;
   }
-  return table.back().colour == Colour::hover;
+  return table.back().colour == Colour::glint;
 }
 static_assert(isInOrder());
 
@@ -59,11 +62,9 @@ Appearance appearance() {
 }
 
 void setAppearance(std::optional<Appearance> preferred) {
-  if (!preferred) {
-    QApplication::setPalette(QPalette());
-    return;
-  }
-  if (*preferred == appearance()) return;
+  // First that of the theme, to which the user may have come back.
+  QApplication::setPalette(QPalette());
+  if (!preferred || *preferred == appearance()) return;
   // The style mixes every other colour of the palette from these two.
   QPalette palette(colourOf(Colour::control, *preferred), colourOf(Colour::window, *preferred));
   for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
@@ -72,6 +73,13 @@ void setAppearance(std::optional<Appearance> preferred) {
   palette.setColor(QPalette::Base, colourOf(Colour::box, *preferred));
   palette.setColor(QPalette::Highlight, colourOf(Colour::accent, *preferred));
   QApplication::setPalette(palette);
+}
+
+void setGround(QWidget& window, Colour ground) {
+  QPalette colours = window.palette();
+  if (colours.color(QPalette::Window) == colourOf(ground)) return;
+  colours.setColor(QPalette::Window, colourOf(ground));
+  window.setPalette(colours);
 }
 
 }  // namespace quibbly

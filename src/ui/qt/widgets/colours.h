@@ -6,6 +6,8 @@
 
 #include "platform/desktop_appearance.h"
 
+class QWidget;
+
 namespace quibbly {
 
 /// What a colour is for.
@@ -25,6 +27,8 @@ enum class Colour {
   control,
   controlOutline,
   hover,
+  knob,
+  glint,
 };
 
 /// The one table of colours.
@@ -35,5 +39,8 @@ enum class Colour {
 /// Gives the application the palette that the user prefers; without a preference that of the desktop's theme.
 void setAppearance(std::optional<Appearance> preferred);
 [[nodiscard]] inline QColor colourOf(Colour colour) { return colourOf(colour, appearance()); }
+
+/// Gives a window this ground. To be called again when its palette changes.
+void setGround(QWidget& window, Colour ground);
 
 }  // namespace quibbly

@@ -19,19 +19,19 @@ constexpr double focusWidth = 2;
 }  // namespace
 
 CommandButton::CommandButton(const QString& title, const QKeySequence& keys, QWidget* parent)
-    : QAbstractButton(parent), shortcutText_(keys.toString(QKeySequence::NativeText)) {
+    : FollowsFont(parent), title_(title), shortcut_(keys.toString(QKeySequence::NativeText)) {
+  for (QStaticText* const text : {&title_, &shortcut_}) text->setTextFormat(Qt::PlainText);
   setText(title);
   setAccessibleName(title);
   setShortcut(keys);
-  setFont(fontOf(FontRole::body));
+  CommandButton::followFont();
   setFocusPolicy(Qt::StrongFocus);
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 }
 
 QSize CommandButton::sizeHint() const {
-  const QFontMetrics metrics(font());
-  const int width = metrics.horizontalAdvance(text()) + betweenTexts + metrics.horizontalAdvance(shortcutText_);
-  return {width + 2 * overhang, metrics.height() + 2 * aboveAndBelow};
+  const double width = title_.size().width() + betweenTexts + shortcut_.size().width();
+  return {qCeil(width) + 2 * overhang, QFontMetrics(font()).height() + 2 * aboveAndBelow};
 }
 
 void CommandButton::paintEvent(QPaintEvent* /*event*/) {
@@ -48,17 +48,26 @@ void CommandButton::paintEvent(QPaintEvent* /*event*/) {
     painter.setBrush(Qt::NoBrush);
     painter.drawRoundedRect(ground, radius, radius);
   }
-  const QRect inside = rect().adjusted(overhang, 0, -overhang, 0);
-  painter.setPen(colourOf(isEnabled() ? Colour::primary : Colour::tertiary));
-  painter.drawText(inside, Qt::AlignLeading | Qt::AlignVCenter, text());
-  painter.setPen(colourOf(Colour::tertiary));
-  painter.drawText(inside, Qt::AlignTrailing | Qt::AlignVCenter, shortcutText_);
+  const bool isMirrored = layoutDirection() == Qt::RightToLeft;
+  const auto draw = [&](const QStaticText& text, bool isLeft, Colour ink) {
+    const QSizeF size = text.size();
+    painter.setPen(colourOf(ink));
+    painter.drawStaticText(
+        QPointF(isLeft ? overhang : width() - overhang - size.width(), (height() - size.height()) / 2), text);
+  };
+  draw(title_, !isMirrored, isEnabled() ? Colour::primary : Colour::tertiary);
+  draw(shortcut_, isMirrored, Colour::tertiary);
 }
 
 void CommandButton::changeEvent(QEvent* event) {
   QAbstractButton::changeEvent(event);
-  if (event->type() == QEvent::ApplicationFontChange) setFont(fontOf(FontRole::body));
   update();
+}
+
+void CommandButton::followFont() {
+  setFont(fontOf(FontRole::body));
+  for (QStaticText* const text : {&title_, &shortcut_}) text->prepare({}, font());
+  updateGeometry();
 }
 
 void CommandButton::enterEvent(QEnterEvent* event) {

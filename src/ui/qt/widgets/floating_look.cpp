@@ -3,10 +3,9 @@
 #include <cmath>
 
 #include <QPainter>
-#include <QPainterPath>
 #include <QWidget>
 
-#include "ui/qt/window_hints.h"
+#include "ui/qt/widgets/smooth_rect.h"
 
 namespace quibbly {
 namespace {
@@ -15,12 +14,14 @@ int roomFor(const Shadow& shadow) { return static_cast<int>(std::ceil(shadow.blu
 
 }  // namespace
 
-FloatingLook::FloatingLook(double radius, const Shadow& shadow)
-    : radius_(radius), shadow_(shadow), room_(roomFor(shadow)) {}
+FloatingLook::FloatingLook(double radius, const Shadow& shadow, Surface surface)
+    : radius_(radius),
+      shadow_(shadow),
+      surface_(surface),
+      room_(surface == Surface::translucent ? roomFor(shadow) : 0) {}
 
-void FloatingLook::follow() {
-  isTranslucent_ = window_hints::hasCompositor();
-  room_ = isTranslucent_ ? roomFor(shadow_) : 0;
+void FloatingLook::prepare(QWidget& window) const {
+  if (surface_ == Surface::translucent) window.setAttribute(Qt::WA_TranslucentBackground);
 }
 
 QRectF FloatingLook::ground(const QWidget& window) const {
@@ -28,28 +29,16 @@ QRectF FloatingLook::ground(const QWidget& window) const {
 }
 
 void FloatingLook::cut(QWidget& window) const {
-  if (isTranslucent_) {
-    window.clearMask();
-    return;
-  }
-  QPainterPath outline;
-  outline.addRoundedRect(ground(window), radius_, radius_);
-  window.setMask(QRegion(outline.toFillPolygon().toPolygon()));
+  if (surface_ == Surface::translucent) return;
+  window.setMask(QRegion(smoothRect(ground(window), radius_).toFillPolygon().toPolygon()));
 }
 
-void FloatingLook::paint(QPainter& painter, const QWidget& window, const QColor& colour, const QColor& outline) const {
+void FloatingLook::paint(QPainter& painter, const QWidget& window, const RoundedGround& colours) const {
   painter.setRenderHint(QPainter::Antialiasing);
   const QRectF shape = ground(window);
-  if (isTranslucent_) paintShadow(painter, shape, radius_, shadow_);
-  // What is under a translucent ground is the desktop, not the shadow.
-  painter.setCompositionMode(QPainter::CompositionMode_Source);
-  painter.setPen(Qt::NoPen);
-  painter.setBrush(colour);
-  painter.drawRoundedRect(shape, radius_, radius_);
-  painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
-  painter.setPen(QPen(outline, 1));
-  painter.setBrush(Qt::NoBrush);
-  painter.drawRoundedRect(shape.adjusted(0.5, 0.5, -0.5, -0.5), radius_, radius_);
+  if (surface_ == Surface::translucent) paintShadow(painter, shape, radius_, shadow_);
+  // In place of the shadow below: what is under a translucent ground is the desktop.
+  paintRoundedGround(painter, shape, radius_, colours);
 }
 
 }  // namespace quibbly

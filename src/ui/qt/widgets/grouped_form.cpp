@@ -1,12 +1,12 @@
 #include "ui/qt/widgets/grouped_form.h"
 
-#include <QEvent>
 #include <QPainter>
-#include <QScrollBar>
 #include <QVBoxLayout>
 
 #include "ui/qt/widgets/colours.h"
 #include "ui/qt/widgets/label.h"
+#include "ui/qt/widgets/rounded_ground.h"
+#include "ui/qt/widgets/scroll_bar.h"
 
 namespace quibbly {
 namespace {
@@ -21,23 +21,13 @@ constexpr int aboveAndBelow = 7;
 constexpr int betweenLabelAndValue = 16;
 constexpr double radius = 9;
 
-/// Narrow, without arrows, in a grey that is seen on light and on dark.
-constexpr const char* scrollBarStyle =
-    "QScrollBar:vertical { background: transparent; width: 12px; margin: 0; }"
-    "QScrollBar::handle:vertical { background: rgba(128, 128, 128, 110); border-radius: 3px; margin: 3px; min-height: 36px; }"
-    "QScrollBar::handle:vertical:hover { background: rgba(128, 128, 128, 180); }"
-    "QScrollBar::add-line, QScrollBar::sub-line { height: 0; }"
-    "QScrollBar::add-page, QScrollBar::sub-page { background: transparent; }";
-
 /// The ground of a section's rows.
 class Box : public QWidget {
  protected:
   void paintEvent(QPaintEvent* /*event*/) override {
     QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(colourOf(Colour::outline), 1));
-    painter.setBrush(colourOf(Colour::box));
-    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
+    paintRoundedGround(painter, rect(), radius,
+                       {.ground = colourOf(Colour::box), .outline = colourOf(Colour::outline)});
   }
 };
 
@@ -56,7 +46,8 @@ void FormRow::paintEvent(QPaintEvent* /*event*/) {
 
 FormSection::FormSection(const QString& title, QWidget* parent) : QWidget(parent) {
   auto* const layout = new QVBoxLayout(this);
-  layout->setContentsMargins(GroupedForm::overhang, 0, GroupedForm::overhang, 0);
+  constexpr int around = GroupedForm::overhang;
+  layout->setContentsMargins(around, around, around, around);
   layout->setSpacing(belowTitle);
   if (!title.isEmpty()) {
     auto* const heading = new Label(FontRole::headline);
@@ -137,17 +128,17 @@ FormRow& FormSection::addFormRow() {
 GroupedForm::GroupedForm(QWidget* parent) : QScrollArea(parent) {
   auto* const inside = new QWidget;
   sections_ = new QVBoxLayout(inside);
-  constexpr int sides = formMargin - overhang;
-  sections_->setContentsMargins(sides, formMargin, sides, formMargin);
-  sections_->setSpacing(betweenSections);
+  constexpr int around = formMargin - overhang;
+  sections_->setContentsMargins(around, around, around, around);
+  sections_->setSpacing(betweenSections - 2 * overhang);
   sections_->setAlignment(Qt::AlignTop);
   setWidget(inside);
   setWidgetResizable(true);
   setFrameShape(QFrame::NoFrame);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  setFocusPolicy(Qt::NoFocus);
-  verticalScrollBar()->setStyleSheet(scrollBarStyle);
-  follow();
+  setVerticalScrollBar(new ScrollBar);
+  // The keys that scroll are for it.
+  setFocusPolicy(Qt::StrongFocus);
 }
 
 FormSection& GroupedForm::addSection(const QString& title) {
@@ -157,17 +148,5 @@ FormSection& GroupedForm::addSection(const QString& title) {
 }
 
 void GroupedForm::addBare(QWidget* widget) const { sections_->addWidget(widget); }
-
-void GroupedForm::changeEvent(QEvent* event) {
-  QScrollArea::changeEvent(event);
-  if (event->type() == QEvent::PaletteChange) follow();
-}
-
-void GroupedForm::follow() {
-  QPalette colours = palette();
-  if (colours.color(QPalette::Window) == colourOf(Colour::window)) return;
-  colours.setColor(QPalette::Window, colourOf(Colour::window));
-  setPalette(colours);
-}
 
 }  // namespace quibbly

@@ -62,18 +62,13 @@ class GroupedForm : public QScrollArea {
 
   /// Without a title when that is empty.
   FormSection& addSection(const QString& title = {});
-  /// How far what stands outside of any box reaches beyond the boxes at both sides.
+  /// How far what stands outside of any box reaches beyond the boxes, on each side.
   static constexpr int overhang = 8;
 
   /// Something between the sections, outside of any box.
   void addBare(QWidget* widget) const;
 
- protected:
-  void changeEvent(QEvent* event) override;
-
  private:
-  void follow();
-
   QVBoxLayout* sections_ = nullptr;
 };
 

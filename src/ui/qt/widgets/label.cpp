@@ -5,29 +5,30 @@
 
 namespace quibbly {
 
-Label::Label(FontRole role, Colour colour, QWidget* parent) : QLabel(parent), role_(role), colour_(colour) {
+Label::Label(FontRole role, Colour colour, QWidget* parent) : FollowsFont(parent), role_(role), colour_(colour) {
   setTextFormat(Qt::PlainText);
-  follow();
+  Label::followFont();
+  followPalette();
 }
 
-void Label::setRole(Colour colour) {
+void Label::setColour(Colour colour) {
   colour_ = colour;
-  follow();
+  followPalette();
 }
 
 void Label::setFontRole(FontRole role) {
   role_ = role;
-  follow();
+  followFont();
 }
 
 void Label::setWeight(QFont::Weight weight) {
   weight_ = weight;
-  follow();
+  followFont();
 }
 
 void Label::setMonospaced() {
   isMonospaced_ = true;
-  follow();
+  followFont();
 }
 
 void Label::setWraps() {
@@ -45,13 +46,16 @@ void Label::setTextIfChanged(const QString& text) {
 
 void Label::changeEvent(QEvent* event) {
   QLabel::changeEvent(event);
-  if (event->type() == QEvent::ApplicationFontChange || event->type() == QEvent::PaletteChange) follow();
+  if (event->type() == QEvent::PaletteChange) followPalette();
 }
 
-void Label::follow() {
+void Label::followFont() {
   QFont wanted = isMonospaced_ ? monospacedBody() : fontOf(role_);
   if (weight_) wanted.setWeight(*weight_);
   if (font() != wanted) setFont(wanted);
+}
+
+void Label::followPalette() {
   QPalette colours = palette();
   const QColor ink = colourOf(colour_);
   if (colours.color(QPalette::WindowText) == ink) return;

@@ -5,16 +5,17 @@
 #include <QLabel>
 
 #include "ui/qt/widgets/colours.h"
+#include "ui/qt/widgets/follows_font.h"
 #include "ui/qt/widgets/fonts.h"
 
 namespace quibbly {
 
 /// A text in one of the styles and colours of the tables, which follows the desktop's font and appearance.
-class Label : public QLabel {
+class Label : public FollowsFont<QLabel> {
  public:
   explicit Label(FontRole role, Colour colour = Colour::primary, QWidget* parent = nullptr);
 
-  void setRole(Colour colour);
+  void setColour(Colour colour);
   void setFontRole(FontRole role);
   void setWeight(QFont::Weight weight);
   /// Fixed width in place of the style's font.
@@ -25,10 +26,11 @@ class Label : public QLabel {
   void setTextIfChanged(const QString& text);
 
  protected:
+  void followFont() override;
   void changeEvent(QEvent* event) override;
 
  private:
-  void follow();
+  void followPalette();
 
   FontRole role_;
   Colour colour_;

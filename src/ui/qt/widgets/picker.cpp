@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include <QAbstractItemView>
-#include <QEvent>
 #include <QPainter>
 #include <QWheelEvent>
 
@@ -17,11 +15,13 @@ namespace {
 constexpr int beforeText = 10;
 constexpr int arrowRoom = 28;
 constexpr int aboveAndBelow = 5;
+constexpr double arrow = 4;
+constexpr double arrowWidth = 1.5;
 
 }  // namespace
 
-Picker::Picker(QWidget* parent) : QComboBox(parent) {
-  setFont(fontOf(FontRole::body));
+Picker::Picker(QWidget* parent) : FollowsFont(parent) {
+  Picker::followFont();
   setFocusPolicy(Qt::StrongFocus);
 }
 
@@ -32,24 +32,33 @@ QSize Picker::sizeHint() const {
   return {beforeText + widest + arrowRoom, metrics.height() + 2 * aboveAndBelow};
 }
 
+void Picker::showPopup() {
+  isOpen_ = true;
+  QComboBox::showPopup();
+  update();
+}
+
+void Picker::hidePopup() {
+  isOpen_ = false;
+  QComboBox::hidePopup();
+  update();
+}
+
 void Picker::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
-  paintControlFace(*this, view()->isVisible(), painter);
+  paintControlFace(*this, isOpen_, painter);
   const bool isMirrored = layoutDirection() == Qt::RightToLeft;
   painter.setPen(colourOf(isEnabled() ? Colour::primary : Colour::tertiary));
   const QRect inside =
       isMirrored ? rect().adjusted(arrowRoom, 0, -beforeText, 0) : rect().adjusted(beforeText, 0, -arrowRoom, 0);
   painter.drawText(inside, Qt::AlignLeading | Qt::AlignVCenter, currentText());
-  const QPointF tip(isMirrored ? arrowRoom / 2.0 : width() - arrowRoom / 2.0, height() / 2.0 + 2);
-  painter.setPen(QPen(colourOf(Colour::secondary), 1.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-  const QPointF arrow[] = {tip + QPointF(-4, -4), tip, tip + QPointF(4, -4)};
-  painter.drawPolyline(arrow, 3);
+  const QPointF tip(isMirrored ? arrowRoom / 2.0 : width() - arrowRoom / 2.0, (height() + arrow) / 2);
+  painter.setPen(QPen(colourOf(Colour::secondary), arrowWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  const QPointF points[] = {tip + QPointF(-arrow, -arrow), tip, tip + QPointF(arrow, -arrow)};
+  painter.drawPolyline(points, 3);
 }
 
-void Picker::changeEvent(QEvent* event) {
-  QComboBox::changeEvent(event);
-  if (event->type() == QEvent::ApplicationFontChange) setFont(fontOf(FontRole::body));
-}
+void Picker::followFont() { setFont(fontOf(FontRole::body)); }
 
 void Picker::wheelEvent(QWheelEvent* event) { event->ignore(); }
 

@@ -16,9 +16,9 @@ constexpr int aboveAndBelow = 5;
 
 }  // namespace
 
-PushButton::PushButton(const QString& title, QWidget* parent) : QAbstractButton(parent) {
+PushButton::PushButton(const QString& title, QWidget* parent) : FollowsFont(parent) {
   setText(title);
-  setFont(fontOf(FontRole::body));
+  PushButton::followFont();
   setFocusPolicy(Qt::StrongFocus);
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
@@ -37,11 +37,12 @@ void PushButton::paintEvent(QPaintEvent* /*event*/) {
 
 void PushButton::changeEvent(QEvent* event) {
   QAbstractButton::changeEvent(event);
-  if (event->type() == QEvent::ApplicationFontChange) {
-    setFont(fontOf(FontRole::body));
-    updateGeometry();
-  }
   update();
+}
+
+void PushButton::followFont() {
+  setFont(fontOf(FontRole::body));
+  updateGeometry();
 }
 
 void PushButton::keyPressEvent(QKeyEvent* event) {

@@ -2,16 +2,19 @@
 
 #include <QAbstractButton>
 
+#include "ui/qt/widgets/follows_font.h"
+
 namespace quibbly {
 
 /// A button as wide as its title.
-class PushButton : public QAbstractButton {
+class PushButton : public FollowsFont<QAbstractButton> {
  public:
   explicit PushButton(const QString& title, QWidget* parent = nullptr);
 
   [[nodiscard]] QSize sizeHint() const override;
 
  protected:
+  void followFont() override;
   void paintEvent(QPaintEvent* event) override;
   void changeEvent(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;

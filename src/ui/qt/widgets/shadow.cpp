@@ -7,12 +7,15 @@
 #include <QColor>
 #include <QPainter>
 #include <QRectF>
+#include <QRegion>
 
 namespace quibbly {
 
 /// Shapes over one another, each a point smaller than the one before, whose edges fade outward as a blurred edge does.
 void paintShadow(QPainter& painter, const QRectF& shape, double radius, const Shadow& shadow) {
   painter.save();
+  const QRect hidden = shape.adjusted(radius, radius, -radius, -radius).toAlignedRect();
+  painter.setClipRegion(QRegion(painter.window()) - hidden, Qt::IntersectClip);
   painter.setPen(Qt::NoPen);
   const double deviation = shadow.blur / 2;
   double covered = 0;

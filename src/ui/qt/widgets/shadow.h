@@ -14,7 +14,8 @@ struct Shadow {
   double down;
 };
 
-/// Paints the shadow that the shape throws, as far as the painter's device reaches.
+/// Paints the shadow that the shape throws, as far as the painter's device reaches. The middle, which the shape hides, is
+/// left out.
 void paintShadow(QPainter& painter, const QRectF& shape, double radius, const Shadow& shadow);
 
 }  // namespace quibbly

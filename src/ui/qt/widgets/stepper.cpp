@@ -1,9 +1,8 @@
 #include "ui/qt/widgets/stepper.h"
 
-#include <QLineEdit>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QTimerEvent>
 
 #include "ui/qt/widgets/colours.h"
 #include "ui/qt/widgets/control_face.h"
@@ -13,16 +12,18 @@ namespace {
 
 constexpr int faceWidth = 58;
 constexpr int faceHeight = 26;
+constexpr int aroundDivider = 2;
+constexpr double arm = 4;
+constexpr double signWidth = 1.6;
 constexpr int untilRepeated = 400;
 constexpr int betweenSteps = 80;
 
 }  // namespace
 
-Stepper::Stepper(int smallest, int largest, QWidget* parent) : QSpinBox(parent) {
+Stepper::Stepper(int smallest, int largest, QWidget* parent) : QAbstractSlider(parent) {
   setRange(smallest, largest);
   setFocusPolicy(Qt::StrongFocus);
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-  lineEdit()->hide();
 }
 
 QSize Stepper::sizeHint() const { return {faceWidth, faceHeight}; }
@@ -31,11 +32,12 @@ void Stepper::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   paintControlFace(*this, false, painter);
   const QRect half(0, 0, faceWidth / 2, faceHeight);
-  painter.fillRect(QRect(faceWidth / 2, 2, 1, faceHeight - 4), colourOf(Colour::controlOutline));
+  painter.fillRect(QRect(faceWidth / 2, aroundDivider, 1, faceHeight - 2 * aroundDivider),
+                   colourOf(Colour::controlOutline));
   const auto paintSign = [&](const QRect& place, bool isPlus, bool isPossible) {
-    constexpr double arm = 4;
     const QPointF middle = QRectF(place).center();
-    painter.setPen(QPen(colourOf(isPossible ? Colour::primary : Colour::tertiary), 1.6, Qt::SolidLine, Qt::RoundCap));
+    painter.setPen(
+        QPen(colourOf(isPossible ? Colour::primary : Colour::tertiary), signWidth, Qt::SolidLine, Qt::RoundCap));
     painter.drawLine(middle - QPointF(arm, 0), middle + QPointF(arm, 0));
     if (isPlus) painter.drawLine(middle - QPointF(0, arm), middle + QPointF(0, arm));
   };
@@ -43,27 +45,39 @@ void Stepper::paintEvent(QPaintEvent* /*event*/) {
   paintSign(half.translated(faceWidth / 2, 0), true, value() < maximum());
 }
 
+void Stepper::sliderChange(SliderChange change) {
+  QAbstractSlider::sliderChange(change);
+  update();
+}
+
+void Stepper::keyPressEvent(QKeyEvent* event) {
+  switch (event->key()) {
+    case Qt::Key_Up:
+    case Qt::Key_Plus:
+      triggerAction(SliderSingleStepAdd);
+      break;
+    case Qt::Key_Down:
+    case Qt::Key_Minus:
+      triggerAction(SliderSingleStepSub);
+      break;
+    default:
+      event->ignore();
+  }
+}
+
 void Stepper::mousePressEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return;
-  pressed_ = event->position().x() < QWidget::width() / 2.0 ? -1 : 1;
-  stepBy(pressed_);
-  timer_ = startTimer(untilRepeated);
+  const auto step = event->position().x() < width() / 2.0 ? SliderSingleStepSub : SliderSingleStepAdd;
+  triggerAction(step);
+  setRepeatAction(step, untilRepeated, betweenSteps);
 }
 
-void Stepper::mouseReleaseEvent(QMouseEvent* /*event*/) {
-  pressed_ = 0;
-  if (timer_ != 0) killTimer(timer_);
-  timer_ = 0;
-}
+void Stepper::mouseReleaseEvent(QMouseEvent* /*event*/) { setRepeatAction(SliderNoAction); }
 
-void Stepper::timerEvent(QTimerEvent* event) {
-  if (event->timerId() != timer_) {
-    QSpinBox::timerEvent(event);
-    return;
-  }
-  stepBy(pressed_);
-  killTimer(timer_);
-  timer_ = startTimer(betweenSteps);
+/// A window that is hidden hears of no release.
+void Stepper::hideEvent(QHideEvent* event) {
+  setRepeatAction(SliderNoAction);
+  QAbstractSlider::hideEvent(event);
 }
 
 void Stepper::wheelEvent(QWheelEvent* event) { event->ignore(); }

@@ -1,11 +1,11 @@
 #pragma once
 
-#include <QSpinBox>
+#include <QAbstractSlider>
 
 namespace quibbly {
 
-/// Two buttons that make a number smaller and larger by one; the number stands elsewhere.
-class Stepper : public QSpinBox {
+/// Two buttons that make a number smaller and larger by one; the number stands elsewhere. To screen readers it is a slider.
+class Stepper : public QAbstractSlider {
  public:
   Stepper(int smallest, int largest, QWidget* parent = nullptr);
 
@@ -14,15 +14,13 @@ class Stepper : public QSpinBox {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  void sliderChange(SliderChange change) override;
+  void keyPressEvent(QKeyEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
-  void timerEvent(QTimerEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
   /// Scrolling the form is no step.
   void wheelEvent(QWheelEvent* event) override;
-
- private:
-  int pressed_ = 0;  // the step that the mouse holds down, or 0
-  int timer_ = 0;
 };
 
 }  // namespace quibbly

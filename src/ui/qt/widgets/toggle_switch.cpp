@@ -12,6 +12,7 @@ constexpr int trackHeight = 20;
 /// Room around the switch for the ring that shows the focus.
 constexpr int ring = 3;
 constexpr double knobInset = 2;
+constexpr double ringWidth = 2;
 
 }  // namespace
 
@@ -34,12 +35,13 @@ void ToggleSwitch::paintEvent(QPaintEvent* /*event*/) {
   const bool isRight = isChecked() != (layoutDirection() == Qt::RightToLeft);
   const double side = track.height() - 2 * knobInset;
   const double x = isRight ? track.right() - knobInset - side : track.left() + knobInset;
-  painter.setBrush(Qt::white);
+  painter.setBrush(colourOf(Colour::knob));
   painter.drawEllipse(QRectF(x, track.top() + knobInset, side, side));
   if (!hasFocus()) return;
   painter.setBrush(Qt::NoBrush);
-  painter.setPen(QPen(colourOf(Colour::accent), 2));
-  painter.drawRoundedRect(track.adjusted(-2, -2, 2, 2), round + 2, round + 2);
+  painter.setPen(QPen(colourOf(Colour::accent), ringWidth));
+  painter.drawRoundedRect(track.adjusted(-ringWidth, -ringWidth, ringWidth, ringWidth), round + ringWidth,
+                          round + ringWidth);
 }
 
 }  // namespace quibbly
