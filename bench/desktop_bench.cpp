@@ -1,5 +1,7 @@
+#include <algorithm>
 #include <chrono>
 #include <functional>
+#include <limits>
 #include <memory>
 #include <optional>
 #include <thread>
@@ -20,9 +22,11 @@ using fakes::X11Desk;
 
 constexpr std::chrono::seconds untilSettled = 10s;
 constexpr std::chrono::seconds period = 60s;
-/// A click that comes sooner after the one that closed the panel is taken for the same.
+/// Two that come sooner after one another are a double click, or the click that closed the panel.
 constexpr auto betweenClicks = 500ms;
-constexpr int starts = 8;
+/// The fastest of them counts; the first few are slower than any.
+constexpr int starts = 16;
+constexpr int openings = 4;
 
 /// A screen with a tray, and one of the programs on it.
 class Desk {
@@ -40,11 +44,13 @@ class Desk {
     const std::uint32_t before = pixel();
     return secondsUntil([this] { desk_.click(); }, [&] { return pixel() != before; });
   }
-  void closePanel() {
+  bool closePanel() {
+    std::this_thread::sleep_for(betweenClicks);
     const std::uint32_t before = pixel();
     desk_.click();
-    (void)fakes::until([&] { return pixel() != before; });
+    const bool isClosed = fakes::until([&] { return pixel() != before; });
     std::this_thread::sleep_for(betweenClicks);
+    return isClosed;
   }
   /// Of quibbly: each has its key in the panel.
   bool openEveryFace() {
@@ -59,8 +65,8 @@ class Desk {
   static double secondsUntil(const std::function<void()>& act, const std::function<bool()>& holds) {
     const auto begin = Clock::now();
     act();
-    while (!holds() && Clock::now() - begin < 30s) {
-    }
+    // Between two looks the display serves the program.
+    while (!holds() && Clock::now() - begin < 30s) std::this_thread::sleep_for(200us);
     return std::chrono::duration<double>(Clock::now() - begin).count();
   }
 
@@ -83,9 +89,7 @@ class Desk {
   }
 
   bool openByKey(xcb_keysym_t key, std::string_view title) {
-    if (!desk_.clickUntilShown("quibbly")) return false;
-    desk_.press("quibbly", key, true);
-    return fakes::until([&] { return desk_.shows(title); });
+    return desk_.openByKey("quibbly", key, title) && fakes::until([&] { return !desk_.shows("quibbly"); });
   }
 
   [[nodiscard]] std::uint32_t pixel() const { return desk_.pixel(desk_.width() - 170, 90); }
@@ -113,8 +117,12 @@ void timeToPanel(benchmark::State& state, const char* program, const char* again
     Desk desk(program);
     std::this_thread::sleep_for(1s);
     state.SetIterationTime(desk.openPanel());
-    desk.closePanel();
-    state.counters[again] = 1e9 * desk.openPanel();
+    double fastest = std::numeric_limits<double>::max();
+    for (int i = 0; i < openings; ++i) {
+      if (!desk.closePanel()) return state.SkipWithError("the panel did not close");
+      fastest = std::min(fastest, desk.openPanel());
+    }
+    state.counters[again] = 1e9 * fastest;
   }
 }
 

@@ -24,12 +24,19 @@ QIcon drawnIcon() {
   return drawn;
 }
 
-/// As many texts and buttons as quibbly's panel has.
+/// With the texts and the buttons of quibbly's panel, as Qt has them.
 QWidget* newPanel() {
   auto* const panel = new QWidget(nullptr, Qt::Tool | Qt::FramelessWindowHint);
   auto* const layout = new QVBoxLayout(panel);
-  for (int i = 0; i < 12; ++i) layout->addWidget(new QLabel("CPU estimate ~42%"));
-  for (int i = 0; i < 6; ++i) layout->addWidget(new QPushButton("Roast me again"));
+  for (const char* text :
+       {"Mac Mood: Proud", "CPU estimate", "~42%", "RAM estimate", "~17%", "Battery", "80%", "Uptime", "3 days", "Apps",
+        "24", "Thermal", "nominal", "Notify budget: 1/3 today", "Running — Dock + menu bar flame."}) {
+    layout->addWidget(new QLabel(text));
+  }
+  for (const char* title :
+       {"Roast me again", "Roast + notify", "Copy roast", "Open dashboard", "Settings…", "Quit quibbly"}) {
+    layout->addWidget(new QPushButton(title));
+  }
   panel->setFixedWidth(340);
   return panel;
 }
