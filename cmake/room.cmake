@@ -1,13 +1,13 @@
-# quibbly_room(NAME DIRECTORY [ROOMS room...] [HIDES room...] [USES library...])
+# quibbly_room(NAME DIRECTORY [ROOMS room...] [HIDES room...] [USES library...] [SHARES library...])
 #
 # A room is one directory of src/ built as one static library. Its headers are linked into a directory of the build tree
 # that holds nothing else, and that directory is the room's include path. A room sees the ROOMS that it names and what
 # those build on; an include against the arrows of docs/architecture.md therefore finds no file. What a room HIDES only it
-# sees.
+# sees. Of the libraries that it USES nobody else knows; those that it SHARES stand in its headers.
 #
 # A directory below a room belongs to it, unless a room of its own was made of it (platform/linux, platform/qt, platform/x11, ui/qt).
 function(quibbly_room name directory)
-  cmake_parse_arguments(ROOM "" "" "USES;ROOMS;HIDES" ${ARGN})
+  cmake_parse_arguments(ROOM "" "" "USES;SHARES;ROOMS;HIDES" ${ARGN})
   set(source_dir ${PROJECT_SOURCE_DIR}/src/${directory})
   file(GLOB_RECURSE files CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR}/src ${source_dir}/*.h ${source_dir}/*.cpp)
   if(directory MATCHES "^(platform|ui)$")
@@ -36,7 +36,7 @@ function(quibbly_room name directory)
     set(scope INTERFACE)
   endif()
   target_include_directories(${name} ${scope} ${include_dir})
-  target_link_libraries(${name} ${scope} ${ROOM_ROOMS})
+  target_link_libraries(${name} ${scope} ${ROOM_ROOMS} ${ROOM_SHARES})
   if(ROOM_USES OR ROOM_HIDES)
     target_link_libraries(${name} PRIVATE ${ROOM_USES} ${ROOM_HIDES})
   endif()

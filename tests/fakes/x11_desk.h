@@ -4,17 +4,14 @@
 #include <chrono>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
-#include <memory>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 #include <utility>
 
-#include <xcb/xcb.h>
-
 #include "fakes/until.h"
+#include "platform/x11/x11_handles.h"
 
 namespace quibbly::fakes {
 
@@ -24,7 +21,7 @@ class X11Desk {
  public:
   static constexpr int side = 24;
 
-  explicit X11Desk(const std::string& display) : connection_(xcb_connect(display.c_str(), nullptr), &xcb_disconnect) {
+  explicit X11Desk(const std::string& display) : display_(x11::connectTo(display)) {
     const xcb_screen_t* const screen = xcb_setup_roots_iterator(xcb_get_setup(get())).data;
     root_ = screen->root;
     width_ = screen->width_in_pixels;
@@ -87,8 +84,8 @@ class X11Desk {
     xcb_flush(get());
   }
 
-  /// Clicks, and again where that did nothing: a click that comes at once after the panel was closed is taken for the one that
-  /// closed it.
+  /// Clicks, unless it is shown, and again where that did nothing: a click that comes at once after the panel was closed is
+  /// taken for the one that closed it.
   bool clickUntilShown(std::string_view title) {
     return actUntilShown(title, [this] { click(); });
   }
@@ -98,6 +95,36 @@ class X11Desk {
     return actUntilShown(title, [&] {
       if (clickUntilShown(panel)) press(panel, key, true);
     });
+  }
+
+  /// Opens a window that fills the screen, as one for films does. Whether the window manager let it.
+  bool openFilm() {
+    constexpr std::string_view title = "Film";
+    const auto film = xcb_generate_id(get());
+    xcb_create_window(get(), XCB_COPY_FROM_PARENT, film, root_, 0, 0, 100, 100, 0, XCB_WINDOW_CLASS_INPUT_OUTPUT,
+                      XCB_COPY_FROM_PARENT, 0, nullptr);
+    const xcb_atom_t fullScreen = atom("_NET_WM_STATE_FULLSCREEN");
+    xcb_change_property(get(), XCB_PROP_MODE_REPLACE, film, atom("_NET_WM_STATE"), XCB_ATOM_ATOM, 32, 1, &fullScreen);
+    xcb_change_property(get(), XCB_PROP_MODE_REPLACE, film, atom("_NET_WM_NAME"), atom("UTF8_STRING"), 8, title.size(),
+                        title.data());
+    // A manager that is starting may not hear it at first.
+    return until([&] {
+      xcb_map_window(get(), film);
+      xcb_flush(get());
+      return isOnTop(title);
+    });
+  }
+  /// Whether nothing covers the middle of a window.
+  [[nodiscard]] bool isOnTop(std::string_view title) const {
+    const auto window = windowOf(title, root_);
+    if (!window) return false;
+    const Reply<xcb_get_geometry_reply_t> size(
+        xcb_get_geometry_reply(get(), xcb_get_geometry(get(), *window), nullptr));
+    if (!size) return false;
+    const auto request = xcb_translate_coordinates(get(), *window, root_, static_cast<std::int16_t>(size->width / 2),
+                                                   static_cast<std::int16_t>(size->height / 2));
+    const Reply<xcb_translate_coordinates_reply_t> middle(xcb_translate_coordinates_reply(get(), request, nullptr));
+    return middle && (middle->child == *window || windowOf(title, middle->child) == window);
   }
 
   /// Whether a window of this title is on the screen.
@@ -164,6 +191,7 @@ class X11Desk {
   bool actUntilShown(std::string_view title, const Act& act) const {
     constexpr auto patience = std::chrono::milliseconds(700);
     return until([&] {
+      if (shows(title)) return true;
       act();
       const auto enough = std::chrono::steady_clock::now() + patience;
       until([&] { return shows(title) || std::chrono::steady_clock::now() > enough; });
@@ -171,11 +199,8 @@ class X11Desk {
     });
   }
 
-  struct Free {
-    void operator()(void* memory) const { std::free(memory); }
-  };
   template <typename T>
-  using Reply = std::unique_ptr<T, Free>;
+  using Reply = x11::XReply<T>;
 
   /// As the display counts: in milliseconds.
   static xcb_timestamp_t now() {
@@ -183,12 +208,10 @@ class X11Desk {
     return static_cast<xcb_timestamp_t>(std::chrono::duration_cast<std::chrono::milliseconds>(sinceBoot).count());
   }
 
-  [[nodiscard]] xcb_connection_t* get() const { return connection_.get(); }
+  [[nodiscard]] xcb_connection_t* get() const { return display_.get(); }
 
   [[nodiscard]] xcb_atom_t atom(std::string_view name) const {
-    const auto request = xcb_intern_atom(get(), 0, static_cast<std::uint16_t>(name.size()), name.data());
-    const Reply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(get(), request, nullptr));
-    return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
+    return x11::atomOf(get(), x11::requestAtom(get(), name));
   }
 
   [[nodiscard]] std::string titleOf(xcb_window_t window) const {
@@ -240,7 +263,7 @@ class X11Desk {
     xcb_flush(get());
   }
 
-  std::unique_ptr<xcb_connection_t, decltype(&xcb_disconnect)> connection_;
+  x11::XDisplay display_;
   xcb_window_t root_ = XCB_WINDOW_NONE;
   xcb_window_t window_ = XCB_WINDOW_NONE;
   xcb_atom_t selection_ = XCB_ATOM_NONE;

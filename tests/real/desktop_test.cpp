@@ -1,6 +1,5 @@
 // The built application on a display, with the trays that desktops have.
 
-#include <chrono>
 #include <optional>
 
 #include <gmock/gmock.h>
@@ -15,7 +14,6 @@
 namespace quibbly {
 namespace {
 
-using namespace std::chrono_literals;
 using fakes::Process;
 using ::testing::IsEmpty;
 
@@ -75,16 +73,16 @@ TEST_F(Desktop, is_used_from_its_icon_and_quits_from_its_panel) {
 
 TEST_F(Desktop, shows_a_toast_for_a_url_and_a_dashboard_when_it_is_started_again) {
   desk_->appear();
+  ASSERT_TRUE(desk_->openFilm());
   Process application(start("quibbly://roast"));
   ASSERT_TRUE(untilDocked());
   ASSERT_TRUE(untilShown("Your Mac would like a word"));
+  EXPECT_TRUE(desk_->isOnTop("Your Mac would like a word"));
   ASSERT_TRUE(until([this] { return server_.onScreen.size() == 1; }));
   EXPECT_EQ(server_.onScreen[0].body, home_.store.lastRoast()->text);
   EXPECT_EQ(run(""), 0);
   EXPECT_TRUE(untilShown("Dashboard"));
-  const auto told = std::chrono::steady_clock::now();
   EXPECT_EQ(application.end(SIGTERM), 0);
-  EXPECT_LT(std::chrono::steady_clock::now() - told, 1s);
 }
 
 TEST_F(Desktop, is_a_window_while_there_is_no_tray) {
@@ -124,6 +122,8 @@ TEST_F(Desktop, follows_the_dock_rule_except_while_the_dashboard_is_open) {
 }
 
 TEST_F(Desktop, opens_its_panel_for_a_tray_on_the_bus) {
+  // A wish that this desktop has not.
+  ::setenv("QT_QPA_PLATFORM", "wayland", 1);
   fakes::BusDesktop tray(daemon_.address());
   tray.ownTray();
   tray.registerHost();
@@ -162,6 +162,7 @@ TEST_F(Desktop, is_used_whole_by_a_screen_reader) {
   untilSeen("label", "Notify budget: 0/3 today");
   untilUsed("push button", "Settings");
   ASSERT_TRUE(untilShown("Settings"));
+  untilSeen("label", "quibbly version 0.1.0. Comedy, not diagnostics.");
   EXPECT_EQ(reader.value("slider", "Daily roast limit"), 3);
   EXPECT_TRUE(reader.setValue("slider", "Daily roast limit", 7));
   untilSeen("label", "Daily roast limit: 7");

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstdint>
 #include <cstdlib>
 #include <memory>
 #include <optional>
@@ -31,39 +30,15 @@ struct XDisplay {
 };
 
 /// None when the display has no name or cannot be reached. Waits for the display.
-[[nodiscard]] inline XDisplay connectTo(const std::string& display) {
-  XDisplay made;
-  // The library takes an empty name for that of the environment.
-  if (display.empty()) return made;
-  made.connection.reset(xcb_connect(display.c_str(), &made.screen));
-  if (xcb_connection_has_error(made.get()) != 0) made.connection.reset();
-  return made;
-}
+[[nodiscard]] XDisplay connectTo(const std::string& display);
 
 /// The screen that a display's name ends in; null names that of the environment.
-[[nodiscard]] inline int screenOf(const char* display) {
-  char* host = nullptr;
-  int number = 0;
-  int screen = 0;
-  if (xcb_parse_display(display, &host, &number, &screen) == 0) return 0;
-  const XReply<char> owner(host);
-  return screen;
-}
+[[nodiscard]] int screenOf(const char* display);
+/// Absent when the display has no such screen.
+[[nodiscard]] std::optional<xcb_window_t> rootOf(xcb_connection_t* connection, int screen);
 
-[[nodiscard]] inline std::optional<xcb_window_t> rootOf(xcb_connection_t* connection, int screen) {
-  auto screens = xcb_setup_roots_iterator(xcb_get_setup(connection));
-  for (; screens.rem > 0 && screen > 0; --screen) xcb_screen_next(&screens);
-  return screens.rem > 0 ? std::optional(screens.data->root) : std::nullopt;
-}
-
-/// To be answered by `atomOf`.
-[[nodiscard]] inline xcb_intern_atom_cookie_t requestAtom(xcb_connection_t* connection, std::string_view name) {
-  return xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(name.size()), name.data());
-}
-
-[[nodiscard]] inline xcb_atom_t atomOf(xcb_connection_t* connection, xcb_intern_atom_cookie_t request) {
-  const XReply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(connection, request, nullptr));
-  return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
-}
+/// To be answered by `atomOf`, which waits; several can be asked for before.
+[[nodiscard]] xcb_intern_atom_cookie_t requestAtom(xcb_connection_t* connection, std::string_view name);
+[[nodiscard]] xcb_atom_t atomOf(xcb_connection_t* connection, xcb_intern_atom_cookie_t request);
 
 }  // namespace quibbly::x11

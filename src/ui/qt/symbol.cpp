@@ -29,14 +29,26 @@ QPainterPath hollowed(QPainterPath shape, const QPainterPath& inside) {
   return shape;
 }
 
-}  // namespace
-
-void paintSymbol(QPainter& painter, Symbol symbol, const QRectF& square, const QColor& colour) {
-  painter.save();
+/// From now on the square that is painted in is that from 0 to 1.
+void paintIn(QPainter& painter, const QRectF& square) {
   painter.setRenderHint(QPainter::Antialiasing);
   const double side = square.width() * (1 - 2 * inset);
   painter.translate(square.x() + square.width() * inset, square.y() + square.height() * inset);
   painter.scale(side, side);
+}
+
+}  // namespace
+
+void paintPlainFlame(QPainter& painter, const QRectF& square, const QColor& colour) {
+  painter.save();
+  paintIn(painter, square);
+  painter.fillPath(artwork::flame(), colour);
+  painter.restore();
+}
+
+void paintSymbol(QPainter& painter, Symbol symbol, const QRectF& square, const QColor& colour) {
+  painter.save();
+  paintIn(painter, square);
   switch (symbol) {
     case Symbol::flame:
       painter.fillPath(artwork::innerFlame(), secondToneOf(colour));

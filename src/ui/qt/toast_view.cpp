@@ -39,8 +39,7 @@ class Flame : public QWidget {
  protected:
   void paintEvent(QPaintEvent* /*event*/) override {
     QPainter painter(this);
-    paintSymbol(painter, MenuBarLabel::Symbol::flameFill, QRectF(rect()).adjusted(0, aboveSymbol, 0, 0),
-                colourOf(Colour::orange));
+    paintPlainFlame(painter, QRectF(rect()).adjusted(0, aboveSymbol, 0, 0), colourOf(Colour::orange));
   }
 };
 
@@ -54,8 +53,9 @@ Label* textOf(const std::string& text, FontRole role, Colour colour, int width, 
 }  // namespace
 
 ToastView::ToastView(const BannerView& view, Surface surface)
-    : QWidget(nullptr, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::WindowDoesNotAcceptFocus |
-                           Qt::NoDropShadowWindowHint),
+    // No window manager keeps a window of its own above one that fills the screen, or on every workspace.
+    : QDialog(nullptr, Qt::Tool | Qt::FramelessWindowHint | Qt::BypassWindowManagerHint | Qt::WindowStaysOnTopHint |
+                           Qt::WindowDoesNotAcceptFocus | Qt::NoDropShadowWindowHint),
       look_(radius, shadow, surface),
       frame_{.width = toastWidth, .height = toastHeight} {
   setWindowTitle(qtText(view.title));
@@ -93,14 +93,13 @@ void ToastView::fit() {
 
 void ToastView::showEvent(QShowEvent* event) {
   fit();
-  window_hints::showOnAllWorkspaces(*this);
-  QWidget::showEvent(event);
+  QDialog::showEvent(event);
   QAccessibleEvent shown(this, QAccessible::Alert);
   QAccessible::updateAccessibility(&shown);
 }
 
 void ToastView::resizeEvent(QResizeEvent* event) {
-  QWidget::resizeEvent(event);
+  QDialog::resizeEvent(event);
   look_.cut(*this);
   window_hints::takeMouseOnlyIn(*this, look_.ground(*this).toRect());
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QWidget>
+#include <QDialog>
 
 #include "notify/banner_screen.h"
 #include "ui/qt/widgets/floating_look.h"
@@ -10,7 +10,7 @@ namespace quibbly {
 class Label;
 
 /// The toast as a window: without frame, above everything, on all workspaces; it never takes the keyboard.
-class ToastView : public QWidget {
+class ToastView : public QDialog {
  public:
   ToastView(const BannerView& view, Surface surface);
 

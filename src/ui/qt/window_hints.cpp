@@ -21,24 +21,23 @@ namespace {
 
 using namespace x11;
 
-enum Name : std::uint8_t { compositor, activeWindow, desktop, state, sticky, skipTaskbar };
+enum Name : std::uint8_t { compositor, activeWindow, state, skipTaskbar };
 
 /// The X display that Qt is connected to.
-class Display {
+class QtDisplay {
  public:
-  /// Null where the display is none of X. There is one as long as there is a QApplication.
-  [[nodiscard]] static const Display* current() {
-    static const std::unique_ptr<const Display> display = connect();
+  /// Null where Qt's display is none of X. Qt has the same one as long as the program runs.
+  [[nodiscard]] static const QtDisplay* current() {
+    static const std::unique_ptr<const QtDisplay> display = connect();
     return display.get();
   }
 
-  explicit Display(xcb_connection_t* connection) : connection_(connection) {
+  explicit QtDisplay(xcb_connection_t* connection) : connection_(connection) {
     const int screen = screenOf(nullptr);
     root_ = rootOf(connection, screen).value_or(XCB_WINDOW_NONE);
     // In the order of their names.
-    const auto names =
-        std::to_array<std::string>({"_NET_WM_CM_S" + std::to_string(screen), "_NET_ACTIVE_WINDOW", "_NET_WM_DESKTOP",
-                                    "_NET_WM_STATE", "_NET_WM_STATE_STICKY", "_NET_WM_STATE_SKIP_TASKBAR"});
+    const auto names = std::to_array<std::string>(
+        {"_NET_WM_CM_S" + std::to_string(screen), "_NET_ACTIVE_WINDOW", "_NET_WM_STATE", "_NET_WM_STATE_SKIP_TASKBAR"});
     std::array<xcb_intern_atom_cookie_t, names.size()> requests{};
     std::ranges::transform(names, requests.begin(), [&](const auto& name) { return requestAtom(connection, name); });
     std::ranges::transform(requests, atoms_.begin(), [&](auto request) { return atomOf(connection, request); });
@@ -52,9 +51,6 @@ class Display {
     return reply && reply->owner != XCB_WINDOW_NONE;
   }
 
-  void set(const QWidget& window, xcb_atom_t property, xcb_atom_t type, std::uint32_t value) const {
-    xcb_change_property(connection_, XCB_PROP_MODE_REPLACE, idOf(window), property, type, 32, 1, &value);
-  }
   void append(const QWidget& window, xcb_atom_t property, xcb_atom_t value) const {
     xcb_change_property(connection_, XCB_PROP_MODE_APPEND, idOf(window), property, XCB_ATOM_ATOM, 32, 1, &value);
   }
@@ -87,10 +83,10 @@ class Display {
   }
 
  private:
-  static std::unique_ptr<const Display> connect() {
+  static std::unique_ptr<const QtDisplay> connect() {
     auto* const x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
     auto* const connection = x11 != nullptr ? x11->connection() : nullptr;
-    return connection != nullptr ? std::make_unique<const Display>(connection) : nullptr;
+    return connection != nullptr ? std::make_unique<const QtDisplay>(connection) : nullptr;
   }
 
   /// Makes the window, if it is none of the display's yet.
@@ -107,21 +103,13 @@ constexpr std::uint32_t ofTheUser = 2;
 }  // namespace
 
 Surface surface() {
-  const Display* const display = Display::current();
+  const QtDisplay* const display = QtDisplay::current();
   const bool isComposited = display == nullptr || display->isOwned(display->atom(compositor));
   return isComposited ? Surface::translucent : Surface::opaque;
 }
 
-void showOnAllWorkspaces(QWidget& window) {
-  const Display* const display = Display::current();
-  if (display == nullptr) return;
-  constexpr std::uint32_t all = 0xFFFFFFFF;
-  display->set(window, display->atom(desktop), XCB_ATOM_CARDINAL, all);
-  display->append(window, display->atom(state), display->atom(sticky));
-}
-
 void setInTaskbar(QWidget& window, bool isListed) {
-  const Display* const display = Display::current();
+  const QtDisplay* const display = QtDisplay::current();
   if (display == nullptr) return;
   if (window.isVisible() && window.windowHandle() != nullptr && window.windowHandle()->isVisible()) {
     display->ask(window, display->atom(state),
@@ -132,13 +120,13 @@ void setInTaskbar(QWidget& window, bool isListed) {
 }
 
 void takeMouseOnlyIn(QWidget& window, const QRect& part) {
-  if (const Display* const display = Display::current()) display->setInputArea(window, part);
+  if (const QtDisplay* const display = QtDisplay::current()) display->setInputArea(window, part);
 }
 
 void bringForward(QWidget& window) {
   window.raise();
   window.activateWindow();
-  if (const Display* const display = Display::current()) {
+  if (const QtDisplay* const display = QtDisplay::current()) {
     display->ask(window, display->atom(activeWindow), {ofTheUser, XCB_CURRENT_TIME, 0, 0, 0});
   }
 }

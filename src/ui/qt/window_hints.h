@@ -8,8 +8,6 @@ namespace quibbly::window_hints {
 
 /// What windows that are made now can have.
 [[nodiscard]] Surface surface();
-/// Also on those that the user changes to. To be called before the window is shown.
-void showOnAllWorkspaces(QWidget& window);
 /// To be called before the window is shown, or while it is.
 void setInTaskbar(QWidget& window, bool isListed);
 /// Leaves the mouse outside of this part of the window, its shadow, to what is behind it. To be called whenever the window
