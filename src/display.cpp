@@ -1,8 +1,10 @@
 #include "display.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <sstream>
 #include <string>
+#include <system_error>
 #include <utility>
 
 #include <QLibraryInfo>
@@ -19,8 +21,13 @@ bool hasWayland() {
   const std::filesystem::path socket = std::filesystem::path(environment("XDG_RUNTIME_DIR")) / display;
   const std::filesystem::path plugins = QLibraryInfo::path(QLibraryInfo::PluginsPath).toStdString();
   std::error_code ignored;
+  // It is one plugin or several, as Qt's version has it.
+  const auto speaksWayland = [](const std::filesystem::directory_entry& plugin) {
+    return plugin.path().filename().string().starts_with("libqwayland");
+  };
+  const std::filesystem::directory_iterator platforms(plugins / "platforms", ignored);
   return std::filesystem::is_socket(socket, ignored) &&
-         std::filesystem::exists(plugins / "platforms/libqwayland-generic.so", ignored);
+         std::ranges::any_of(begin(platforms), end(platforms), speaksWayland);
 }
 
 /// Without a platform when it is not there.
@@ -39,10 +46,9 @@ Display displayOf(std::string platform) {
 
 /// X comes first also on a Wayland session that offers it: Wayland lets no program place its own windows.
 Display findDisplay() {
-  std::string wishes = environment("QT_QPA_PLATFORM");
-  if (wishes.empty()) wishes = "xcb;wayland";
-  std::istringstream platforms(wishes);
+  std::istringstream platforms(environment("QT_QPA_PLATFORM") + ";xcb;wayland");
   for (std::string platform; std::getline(platforms, platform, ';');) {
+    if (platform.empty()) continue;
     if (Display found = displayOf(platform); !found.platform.empty()) return found;
   }
   return {};

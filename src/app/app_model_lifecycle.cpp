@@ -76,6 +76,8 @@ Task<> AppModel::samplingLoop(std::weak_ptr<AppModel> weakModel) {
       const auto model = weakModel.lock();
       const bool cancelled = co_await isCancelled();
       if (!model || cancelled) co_return;
+      // Should the watch have missed something.
+      model->launchRequestLoop();
       co_await model->tick();
     }
     co_await sleepFor(betweenSamples);

@@ -12,8 +12,8 @@ enum class Appearance { light, dark };
 class DesktopAppearance {
  public:
   virtual ~DesktopAppearance() = default;
-  /// Calls back on later turns of the main queue: soon, and whenever the preference is another. Absent when the desktop
-  /// does not say. Once.
+  /// Calls back on later turns of the main queue: as soon as the desktop says what is preferred, and whenever that may be
+  /// something else; not at all where no desktop says anything. Absent: no preference. To be called once.
   virtual void observe(std::function<void(std::optional<Appearance>)> changed) = 0;
 };
 

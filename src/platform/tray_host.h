@@ -9,7 +9,8 @@ namespace quibbly {
 class TrayHost {
  public:
   virtual ~TrayHost() = default;
-  /// Calls back on later turns of the main queue: when there is a host, and when it is gone; never while none comes. Once.
+  /// Calls back on later turns of the main queue: when there is a host, and when it is gone; never while none comes. To be
+  /// called once.
   virtual void observe(std::function<void(bool isThere)> changed) = 0;
 };
 

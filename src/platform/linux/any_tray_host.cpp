@@ -3,6 +3,8 @@
 #include <string>
 #include <utility>
 
+#include "platform/linux/service_presence.h"
+
 namespace quibbly::linux_services {
 namespace {
 
@@ -29,12 +31,9 @@ AnyTrayHost::~AnyTrayHost() {
 void AnyTrayHost::observe(std::function<void(bool isThere)> changed) {
   changed_ = std::move(changed);
   // A watcher may come first and its host later, or both at once.
-  const std::string owner =
-      "type='signal',sender='org.freedesktop.DBus',interface='org.freedesktop.DBus',"
-      "member='NameOwnerChanged',arg0='" +
-      std::string(watcher) + "'";
+  subscriptions_.push_back(bus_.subscribeToOwnerOf(watcher, [this] { askWatcher(); }));
   const std::string host = "type='signal',interface='" + std::string(watcher) + "',member='StatusNotifierHost";
-  for (const auto& rule : {owner, host + "Registered'", host + "Unregistered'"}) {
+  for (const auto& rule : {host + "Registered'", host + "Unregistered'"}) {
     subscriptions_.push_back(bus_.subscribe(rule, [this] { askWatcher(); }));
   }
   askWatcher();
@@ -52,16 +51,28 @@ void AnyTrayHost::askWatcher() {
     (void)sd_bus_message_set_auto_start(question.get(), 0);
     (void)sd_bus_message_append(question.get(), "ss", watcher, "IsStatusNotifierHostRegistered");
   }
-  bus_.call(question, lifetime_.whileItLasts([this](sd_bus_message* answer) {
-    isOnBus_ = hasHost(answer);
-    tell();
-  }));
+  bus_.call(question, lifetime_.whileItLasts([this](sd_bus_message* answer) { takeAnswer(answer); }));
+}
+
+void AnyTrayHost::takeAnswer(sd_bus_message* answer) {
+  // At login everybody is busy; until it answers, what it said last holds.
+  if (presence(answer) == Presence::silent) {
+    askWatcher();
+    return;
+  }
+  isOnBus_ = hasHost(answer);
+  hasBusAnswered_ = true;
+  tell();
 }
 
 void AnyTrayHost::tell() {
-  const bool isThere = isOnBus_ || isOnDisplay_;
-  if (std::exchange(told_, isThere) == isThere) return;
-  queue_.post(lifetime_.whileItLasts([this, isThere] { changed_(isThere); }));
+  const bool isThere = (isOnBus_ && (!isSettled_ || isOfBus_)) || (isOnDisplay_ && (!isSettled_ || !isOfBus_));
+  if (std::exchange(told_, isThere) != isThere) {
+    queue_.post(lifetime_.whileItLasts([this, isThere] { changed_(isThere); }));
+  }
+  if (!told_ || isSettled_ || !hasBusAnswered_) return;
+  isSettled_ = true;
+  isOfBus_ = isOnBus_;
 }
 
 }  // namespace quibbly::linux_services

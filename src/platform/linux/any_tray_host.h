@@ -11,7 +11,8 @@
 namespace quibbly::linux_services {
 
 /// A host of StatusNotifierItems on the session bus, or the owner of the tray's selection on an X display (freedesktop.org's
-/// System Tray Protocol): there is a host as long as there is one of them. Main thread.
+/// System Tray Protocol). An icon goes to the bus if there is a host on it when the icon is made, and stays with the kind of
+/// tray that it was made for; so the first that is told of decides which kind counts from then on. Main thread.
 class AnyTrayHost final : public TrayHost {
  public:
   /// A display that is not there has no hosts.
@@ -24,6 +25,7 @@ class AnyTrayHost final : public TrayHost {
 
  private:
   void askWatcher();
+  void takeAnswer(sd_bus_message* answer);
   void tell();
 
   MainQueue& queue_;
@@ -34,7 +36,10 @@ class AnyTrayHost final : public TrayHost {
   std::unique_ptr<X11TraySelection> selection_;
   bool isOnBus_ = false;
   bool isOnDisplay_ = false;
+  bool hasBusAnswered_ = false;
   bool told_ = false;
+  bool isSettled_ = false;
+  bool isOfBus_ = false;  // once it is settled
   Lifetime lifetime_;
 };
 

@@ -5,11 +5,10 @@
 
 #include "platform/linux/alert_settings.h"
 #include "platform/linux/notification_service.h"
+#include "platform/linux/service_presence.h"
 
 namespace quibbly::linux_services {
 namespace {
-
-using notification_service::Presence;
 
 /// The name by which a server calls itself; empty when it answers anything else.
 std::string nameIn(sd_bus_message* information) {
@@ -40,7 +39,7 @@ void DBusNotificationCenter::settings(std::function<void(NotificationSettings)> 
     answer({.authorizationStatus = AuthorizationStatus::authorized, .alertSetting = alerts});
   };
   const auto answerFor = [this, answer = std::move(answer), mayPost](sd_bus_message* information) {
-    switch (notification_service::presence(information)) {
+    switch (presence(information)) {
       case Presence::absent:
         answer({});
         break;
@@ -60,7 +59,7 @@ void DBusNotificationCenter::requestAuthorization(AuthorizationOptions /*options
                                                   std::function<void(Granted)> answer) {
   bus_.call(newCall("GetServerInformation"),
             lifetime_.whileItLasts([answer = std::move(answer)](sd_bus_message* information) {
-              answer(notification_service::presence(information) != Presence::absent);
+              answer(presence(information) != Presence::absent);
             }));
 }
 
@@ -90,7 +89,7 @@ void DBusNotificationCenter::deliver(const NotificationRequest& request, const A
     return;
   }
   const auto deliverTo = [this, request, answer, makesSound = shown.sound](sd_bus_message* capabilities) {
-    if (notification_service::presence(capabilities) == Presence::there) {
+    if (presence(capabilities) == Presence::there) {
       notify(request, {.bodyIsMarkup = hasBodyMarkup(capabilities), .makesSound = makesSound}, answer);
     } else {
       // Nobody waits a second time for a server that hangs.

@@ -6,6 +6,7 @@
 #include <cstring>
 #include <linux/magic.h>
 #include <sys/inotify.h>
+#include <sys/stat.h>
 #include <sys/vfs.h>
 #include <unistd.h>
 #include <utility>
@@ -30,6 +31,12 @@ bool isShared(const std::filesystem::path& directory) {
 
 }  // namespace
 
+InotifyWatch::Identity InotifyWatch::Identity::of(const std::filesystem::path& directory) {
+  struct stat found{};
+  if (::stat(directory.c_str(), &found) != 0) return {};
+  return {.device = found.st_dev, .number = found.st_ino};
+}
+
 void InotifyWatch::begin(const std::filesystem::path& directory, std::vector<std::string> names,
                          std::function<void()> changed) {
   directory_ = directory;
@@ -38,12 +45,16 @@ void InotifyWatch::begin(const std::filesystem::path& directory, std::vector<std
 }
 
 bool InotifyWatch::canTell() {
-  if (descriptor_) return true;
+  const Identity there = Identity::of(directory_);
+  // Of a directory above it that is renamed nobody tells.
+  if (descriptor_ && there == watched_) return true;
+  close();
   if (!changed_ || isShared(directory_)) return false;
   FileDescriptor made(::inotify_init1(IN_NONBLOCK | IN_CLOEXEC));
   constexpr std::uint32_t events = IN_CREATE | IN_MOVED_TO | IN_DELETE_SELF | IN_MOVE_SELF | IN_ONLYDIR;
   if (!made || ::inotify_add_watch(made.get(), directory_.c_str(), events) < 0) return false;
   descriptor_ = std::move(made);
+  watched_ = there;
   queue_.watch(descriptor_.get(), [this] { read(); });
   return true;
 }

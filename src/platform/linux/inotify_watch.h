@@ -1,5 +1,7 @@
 #pragma once
 
+#include <sys/types.h>
+
 #include "platform/directory_watch.h"
 #include "platform/linux/file_descriptor.h"
 #include "platform/main_queue.h"
@@ -21,6 +23,15 @@ class InotifyWatch final : public DirectoryWatch {
   void end() override;
 
  private:
+  /// Which directory it is, whatever its name.
+  struct Identity {
+    dev_t device = 0;
+    ino_t number = 0;
+
+    /// All zero for none.
+    [[nodiscard]] static Identity of(const std::filesystem::path& directory);
+    bool operator==(const Identity&) const = default;
+  };
   /// What one reading of the descriptor says.
   struct News {
     bool hasCome = false;
@@ -36,6 +47,7 @@ class InotifyWatch final : public DirectoryWatch {
   std::vector<std::string> names_;
   std::function<void()> changed_;
   FileDescriptor descriptor_{-1};  // only while it watches
+  Identity watched_;
 };
 
 }  // namespace quibbly::linux_services

@@ -37,18 +37,18 @@ void PortalAppearance::observe(std::function<void(std::optional<Appearance>)> ch
   changed_ = std::move(changed);
   const std::string change = std::string("type='signal',path='") + portalPath + "',interface='" + settings +
                              "',member='SettingChanged',arg0='" + appearance + "',arg1='" + colourScheme + "'";
-  // At login it may come after us, or take longer to answer than we wait.
-  const std::string owner =
-      std::string(
-          "type='signal',sender='org.freedesktop.DBus',interface='org.freedesktop.DBus',member='NameOwnerChanged',arg0='") +
-      portal + "'";
-  for (const auto& rule : {change, owner}) subscriptions_.push_back(bus_.subscribe(rule, [this] { ask(); }));
-  ask();
+  subscriptions_.push_back(bus_.subscribe(change, [this] { ask(); }));
+  // At login it may come after us, or take longer to answer than we wait. One that ends is not started again.
+  subscriptions_.push_back(bus_.subscribeToOwnerOf(portal, [this] { ask(); }));
+  ask(true);
 }
 
-void PortalAppearance::ask() {
+void PortalAppearance::ask(bool mayStartIt) {
   const BusMessage question = bus_.newCall(portal, portalPath, settings, "Read");
-  if (question) (void)sd_bus_message_append(question.get(), "ss", appearance, colourScheme);
+  if (question) {
+    (void)sd_bus_message_set_auto_start(question.get(), mayStartIt ? 1 : 0);
+    (void)sd_bus_message_append(question.get(), "ss", appearance, colourScheme);
+  }
   bus_.call(question, lifetime_.whileItLasts([this](sd_bus_message* answer) {
     const bool isAnswer = answer != nullptr && sd_bus_message_is_method_error(answer, nullptr) == 0;
     if (isAnswer) changed_(appearanceIn(answer));

@@ -21,7 +21,7 @@ class PortalAppearance final : public DesktopAppearance {
   void observe(std::function<void(std::optional<Appearance>)> changed) override;
 
  private:
-  void ask();
+  void ask(bool mayStartIt = false);
 
   SessionBus& bus_;
   std::function<void(std::optional<Appearance>)> changed_;

@@ -100,6 +100,12 @@ SessionBus::AttachmentId SessionBus::subscribe(std::string rule, std::function<v
   });
 }
 
+SessionBus::AttachmentId SessionBus::subscribeToOwnerOf(const std::string& name, std::function<void()> handler) {
+  const std::string rule =
+      "type='signal',sender='org.freedesktop.DBus',interface='org.freedesktop.DBus',member='NameOwnerChanged',arg0='";
+  return subscribe(rule + name + "'", std::move(handler));
+}
+
 void SessionBus::attachTo(Attachment& attachment) {
   if (std::exchange(attachment.isAttached, true)) return;
   attachment.slot.reset(attachment.attach(bus_.get()));

@@ -46,6 +46,8 @@ class SessionBus {
 
   /// Attaches a handler that is called for each message that fits the match rule.
   AttachmentId subscribe(std::string rule, std::function<void()> handler);
+  /// Attaches a handler that is called whenever a name of the bus is taken or given up.
+  AttachmentId subscribeToOwnerOf(const std::string& name, std::function<void()> handler);
 
  private:
   struct Attachment {

@@ -34,6 +34,8 @@ X11TraySelection::X11TraySelection(MainQueue& queue, XDisplay display, std::func
   tellOfStructure(connection, *root);
   findOwner();
   queue_.watch(xcb_get_file_descriptor(connection), [this] { read(); });
+  // What came together with an answer is read already, and makes nothing readable.
+  queue_.post(lifetime_.whileItLasts([this] { read(); }));
 }
 
 X11TraySelection::~X11TraySelection() { close(); }
@@ -47,6 +49,24 @@ void X11TraySelection::findOwner() {
 }
 
 void X11TraySelection::read() {
+  bool hasChanged = false;
+  // Until the last answer has brought nothing with it.
+  while (takeEvents()) {
+    findOwner();
+    hasChanged = true;
+  }
+  if (!display_) return;
+  if (xcb_connection_has_error(display_.get()) != 0) {
+    // The program ends with its display.
+    close();
+  } else if (hasChanged) {
+    changed_();
+  }
+}
+
+/// Whether one of them says that there may be another owner.
+bool X11TraySelection::takeEvents() {
+  if (!display_) return false;
   bool hasChanged = false;
   while (const XReply<xcb_generic_event_t> event{xcb_poll_for_event(display_.get())}) {
     // NOLINTBEGIN(cppcoreguidelines-pro-type-reinterpret-cast): so the protocol's events are read
@@ -67,12 +87,7 @@ void X11TraySelection::read() {
     }
     // NOLINTEND(cppcoreguidelines-pro-type-reinterpret-cast)
   }
-  if (xcb_connection_has_error(display_.get()) != 0) {
-    close();
-  } else if (hasChanged) {
-    findOwner();
-    changed_();
-  }
+  return hasChanged;
 }
 
 void X11TraySelection::close() {

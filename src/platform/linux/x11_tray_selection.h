@@ -3,6 +3,7 @@
 #include <functional>
 #include <string>
 
+#include "platform/lifetime.h"
 #include "platform/main_queue.h"
 #include "platform/x11/x11_handles.h"
 
@@ -24,6 +25,7 @@ class X11TraySelection {
  private:
   void findOwner();
   void read();
+  bool takeEvents();
   void close();
 
   MainQueue& queue_;
@@ -32,6 +34,7 @@ class X11TraySelection {
   xcb_atom_t selection_ = XCB_ATOM_NONE;
   xcb_atom_t manager_ = XCB_ATOM_NONE;
   xcb_window_t owner_ = XCB_WINDOW_NONE;
+  Lifetime lifetime_;
 };
 
 }  // namespace quibbly::linux_services

@@ -56,5 +56,17 @@ TEST_F(Watch, a_directory_that_is_not_there_or_goes_is_watched_when_it_comes) {
   EXPECT_FALSE(watch_.canTell());
 }
 
+TEST_F(Watch, follows_the_name_of_its_directory_when_one_above_it_is_renamed) {
+  tree_.add("home/box/other", "");
+  watch_.end();
+  watch_.begin(tree_.root() / "home/box", {"letter"}, [this] { ++told_; });
+  ASSERT_TRUE(watch_.canTell());
+  std::filesystem::rename(tree_.root() / "home", tree_.root() / "old home");
+  EXPECT_FALSE(watch_.canTell());
+  tree_.add("home/box/other", "");
+  EXPECT_TRUE(watch_.canTell());
+  EXPECT_EQ(toldOf([&] { tree_.add("home/box/letter", ""); }), 1);
+}
+
 }  // namespace
 }  // namespace quibbly::linux_services

@@ -87,17 +87,30 @@ TEST_F(TrayHosts, one_of_the_bus_is_told_as_it_comes_to_its_watcher_and_goes) {
   EXPECT_TRUE(untilTold(true, false, true, false)) << "its watcher went";
 }
 
-TEST_F(TrayHosts, there_is_one_as_long_as_there_is_one_of_either_kind) {
+TEST_F(TrayHosts, of_the_other_kind_count_no_more_once_there_is_one) {
   fakes::X11Desk desk(screen_.display());
   desk.appear();
   desktop_.ownTray();
   desktop_.registerHost();
   observe(screen_.display());
   EXPECT_TRUE(untilTold(true));
+  // Both are there: the icon is on the bus.
+  ASSERT_TRUE(queue_.until([&] {
+    desktop_.serve();
+    return desktop_.wasAsked();
+  }));
+  awaitAnswers();
   desktop_.giveUpTray();
+  EXPECT_TRUE(untilTold(true, false)) << "one of a display cannot have it";
+  desk.vanish();
+  observe(screen_.display());
+  desk.appear();
+  EXPECT_TRUE(untilTold(true));
+  desktop_.ownTray();
+  desktop_.registerHost();
   awaitAnswers();
   desk.vanish();
-  EXPECT_TRUE(untilTold(true, false));
+  EXPECT_TRUE(untilTold(true, false)) << "one of the bus cannot have it";
 }
 
 TEST_F(TrayHosts, there_is_none_without_a_display_and_a_bus) {
