@@ -67,8 +67,7 @@ void AppModel::setHideFromDock(bool hide) {
 }
 
 void AppModel::applyDockVisibility() {
-  const ActivationPolicy desired = hideFromDock ? ActivationPolicy::accessory : ActivationPolicy::regular;
-  if (services_.application.activationPolicy() != desired) services_.application.setActivationPolicy(desired);
+  services_.application.setActivationPolicy(hideFromDock ? ActivationPolicy::accessory : ActivationPolicy::regular);
   if (!hideFromDock) services_.application.activate(false);
 }
 

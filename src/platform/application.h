@@ -11,9 +11,8 @@ class Application {
  public:
   virtual ~Application() = default;
 
+  /// Nothing changes when it is set already.
   virtual void setActivationPolicy(ActivationPolicy policy) = 0;
-  /// That which holds now.
-  [[nodiscard]] virtual ActivationPolicy activationPolicy() const = 0;
   /// The program is regular, whatever policy is set, as long as what this gives lives.
   [[nodiscard]] virtual std::shared_ptr<void> holdRegular() = 0;
 

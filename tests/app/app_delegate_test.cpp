@@ -16,6 +16,7 @@ class Delegate : public AppTest {
 };
 
 TEST_F(Delegate, launches_into_the_dock_and_starts_the_model_on_the_next_turn) {
+  home_.desktop.policy = ActivationPolicy::accessory;
   home_.launchApp();
   delegate().applicationDidFinishLaunching();
   EXPECT_THAT(calls(), ElementsAre("regular", "activate over others"));

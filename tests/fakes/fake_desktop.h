@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "notify/banner_screen.h"
@@ -23,12 +24,10 @@ struct FakeDesktop final : Application, Pasteboard, Workspace {
   std::string openable;
 
   void setActivationPolicy(ActivationPolicy to) override {
-    policy = to;
+    if (std::exchange(policy, to) == to) return;
     calls.emplace_back(to == ActivationPolicy::regular ? "regular" : "accessory");
   }
-  [[nodiscard]] ActivationPolicy activationPolicy() const override {
-    return holds > 0 ? ActivationPolicy::regular : policy;
-  }
+  [[nodiscard]] ActivationPolicy activationPolicy() const { return holds > 0 ? ActivationPolicy::regular : policy; }
   [[nodiscard]] std::shared_ptr<void> holdRegular() override {
     ++holds;
     return {this, [this](void*) { --holds; }};

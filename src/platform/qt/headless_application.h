@@ -5,13 +5,12 @@
 
 namespace quibbly::qt_services {
 
-/// A program without windows: never in front, with nothing to hide. Which policy it was given is kept and changes nothing.
+/// A program without windows: in no dock, never in front, with nothing to hide.
 class HeadlessApplication final : public Application {
  public:
   explicit HeadlessApplication(MainQueue& queue) : queue_(queue) {}
 
-  void setActivationPolicy(ActivationPolicy policy) override { policy_ = policy; }
-  [[nodiscard]] ActivationPolicy activationPolicy() const override { return policy_; }
+  void setActivationPolicy(ActivationPolicy /*policy*/) override {}
   [[nodiscard]] std::shared_ptr<void> holdRegular() override { return nullptr; }
   void activate(bool /*ignoringOtherApps*/) override {}
   [[nodiscard]] bool isActive() const override { return false; }
@@ -21,7 +20,6 @@ class HeadlessApplication final : public Application {
 
  private:
   MainQueue& queue_;
-  ActivationPolicy policy_ = ActivationPolicy::regular;
 };
 
 }  // namespace quibbly::qt_services
