@@ -1,5 +1,5 @@
-// What quibbly does while nothing happens, as bare system calls: looks for two files every 0.4 seconds and samples the
-// machine every 15. Argument: the directory of the files. Ends when it is killed.
+// The least program that samples the machine every 15 seconds, as quibbly does, and looks for two files every 0.4, as a program
+// does that nobody tells of them. Bare system calls. Argument: the directory of the files. Ends when it is killed.
 
 #include <limits.h>
 #include <poll.h>

@@ -79,7 +79,7 @@ class Run {
   }
 
   void act(const std::string& action) {
-    if (application_ && action == "RoastMe") application_->delegate().open({AppURL::roast});
+    if (action == "RoastMe") application_->delegate().open({AppURL::roast});
   }
 
   // The queue goes last: a sample that is under way when the program ends is answered on it.

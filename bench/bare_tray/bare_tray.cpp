@@ -1,5 +1,6 @@
 // The least program of Qt Widgets that does on a desktop what quibbly does there: an icon in the tray, a panel below it on a
-// click, and two failed opens every 0.4 seconds. Argument: the directory of the files. Ends when it is killed.
+// click; and two failed opens every 0.4 seconds, as a program makes them that nobody tells of new files. Argument: the
+// directory of the files. Ends when it is killed.
 
 #include <cstdlib>
 #include <fcntl.h>

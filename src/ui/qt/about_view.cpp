@@ -116,7 +116,7 @@ void AboutView::paintText(QPainter& painter, const QRectF& area) const {
 }
 
 void AboutView::changeEvent(QEvent* event) {
-  QWidget::changeEvent(event);
+  QLabel::changeEvent(event);
   update();
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QWidget>
+#include <QLabel>
 
 #include "ui/qt/program_version.h"
 #include "ui/qt/widgets/follows_font.h"
@@ -8,12 +8,13 @@
 namespace quibbly {
 
 /// The card with the program's artwork, name and version.
-class AboutView : public FollowsFont<QWidget> {
+class AboutView : public FollowsFont<QLabel> {
  public:
   /// The smaller variant, or the full one.
   enum class Variant { compact, full };
 
-  /// Room around the card, for its shadow. In a form that is eight more than the overhang: the card's inset.
+  /// Room around the card, for its shadow. A form insets what it shows by `GroupedForm::overhang`, and the card by as much
+  /// again.
   static constexpr int shadowRoom = 16;
 
   /// With a card of this height; it is as wide as there is room.

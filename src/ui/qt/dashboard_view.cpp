@@ -44,7 +44,7 @@ QLayout* header(const std::function<void()>& roast) {
 }  // namespace
 
 DashboardView::DashboardView(const Frame& frame, const std::function<void()>& roast, const ProgramVersion& version)
-    : roast_(new Label(FontRole::body)) {
+    : QDialog(nullptr, Qt::Window), roast_(new Label(FontRole::body)) {
   setWindowTitle(frame.title);
   auto* const layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);

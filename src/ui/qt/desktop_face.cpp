@@ -22,17 +22,15 @@ DesktopFace::DesktopFace(Ports ports, AppModel& model)
                      .state = [this] { return PanelState::of(model_); },
                      .panelShown = [this] { model_.start(); }},
                     commands()),
-      dashboardWindow_(ports_.application, ports_.version) {}
+      dashboardWindow_(ports_.application, ports_.version) {
+  ports_.application.onShow([this] { update(); });
+}
 
 MenuBarView::Commands DesktopFace::commands() {
   return {.roast = [this] { model_.roastMeNow(false, false); },
           .roastAndNotify = [this] { model_.roastMeNow(true, true); },
           .copyRoast = [this] { model_.copyLastRoast(); },
-          .openDashboard =
-              [this] {
-                dashboardWindow_.show(model_);
-                update();
-              },
+          .openDashboard = [this] { dashboardWindow_.show(model_); },
           .openSettings = [this] { openSettings(); },
           .quit = ports_.quit};
 }
@@ -53,7 +51,6 @@ void DesktopFace::openLaunchDashboard() {
   }
   model_.start();
   ports_.application.show(*launchDashboard_);
-  update();
 }
 
 void DesktopFace::openSettings() {
@@ -66,7 +63,6 @@ void DesktopFace::openSettings() {
     ports_.settings.appeared();
   }
   ports_.application.show(*settings_);
-  update();
 }
 
 void DesktopFace::changed() {
@@ -77,13 +73,12 @@ void DesktopFace::changed() {
   });
 }
 
-/// Windows also while they are not on the screen: they may be away for a notification only.
 void DesktopFace::update() {
   menuBarExtra_.update();
   for (DashboardView* const view : {launchDashboard_.get(), dashboardWindow_.window()}) {
-    if (view != nullptr) view->update(dashboardContents(PanelState::of(model_), shortTime));
+    if (view != nullptr && view->isVisible()) view->update(dashboardContents(PanelState::of(model_), shortTime));
   }
-  if (settings_) settings_->update();
+  if (settings_ && settings_->isVisible()) settings_->update();
 }
 
 }  // namespace quibbly

@@ -37,14 +37,14 @@ void MenuBarExtra::start() {
 }
 
 void MenuBarExtra::awaitTray() {
-  ports_.queue.runAt(ports_.queue.now() + untilThereIsNoTray, [this] {
-    if (!hasIcon()) showWindow();
-  });
+  ports_.queue.cancel(untilWindow_);
+  untilWindow_ = ports_.queue.runAt(ports_.queue.now() + untilThereIsNoTray, [this] { showWindow(); });
 }
 
-/// If the panel was a window, it is one of the other kind from now on.
+/// If there is a window, it becomes a panel, which is opened from the icon.
 void MenuBarExtra::dock() {
   if (std::exchange(isDocked_, true)) return;
+  ports_.queue.cancel(untilWindow_);
   // Into a tray that comes again it goes by itself.
   if (!icon_) {
     icon_ = std::make_unique<TrayIcon>(TrayIcon::Commands{
@@ -72,6 +72,10 @@ void MenuBarExtra::togglePanel() {
 
 void MenuBarExtra::openPanel() {
   if (hasIcon()) clicked_ = icon_->place();
+  showPanel();
+}
+
+void MenuBarExtra::showPanel() {
   MenuBarView& opened = panel();
   opened.update(panelContents(ports_.state()));
   placePanel();
@@ -99,10 +103,10 @@ void MenuBarExtra::placePanel() {
 
 void MenuBarExtra::panelIsShown() {
   ports_.panelShown();
-  // The display's compositor came or went since it was made.
-  if (!isPanelOpen() || panel_->surface() == window_hints::surface()) return;
+  // The display's compositor came or went since it was made; a window has a frame and does not care.
+  if (!hasIcon() || !isPanelOpen() || panel_->surface() == window_hints::surface()) return;
   dropPanel();
-  openPanel();
+  showPanel();
 }
 
 MenuBarView& MenuBarExtra::panel() {

@@ -46,6 +46,7 @@ class MenuBarExtra : public QObject {
   void undock();
   void awaitTray();
   void togglePanel();
+  void showPanel();
   void placePanel();
   void showWindow();
   MenuBarView& panel();
@@ -57,6 +58,7 @@ class MenuBarExtra : public QObject {
   MenuBarView::Commands commands_;
   std::unique_ptr<TrayIcon> icon_;
   bool isDocked_ = false;
+  MainQueue::TimerId untilWindow_{};
   std::unique_ptr<MenuBarView> panel_;
   bool isOpening_ = false;  // nothing of it was painted yet
   QRect clicked_;

@@ -23,7 +23,6 @@ constexpr int betweenColumns = 16;
 constexpr int betweenRows = 4;
 constexpr int betweenFooterLines = 3;
 constexpr double radius = 12;
-constexpr std::size_t footerLines = 3;
 constexpr Shadow shadow{.opacity = 0.25, .blur = 18, .down = 5};
 
 void setShown(Label& label, const std::optional<std::string>& shown) {
@@ -82,13 +81,8 @@ void MenuBarView::addBody() {
   grid_->setColumnStretch(1, 1);
   body->addWidget(rows_);
   addRoast(*body);
-  auto* const footer = column(nullptr, betweenFooterLines);
-  for (std::size_t i = 0; i < footerLines; ++i) {
-    footer_.push_back(new Label(FontRole::caption2, Colour::tertiary));
-    footer_.back()->setWraps();
-    footer->addWidget(footer_.back());
-  }
-  body->addLayout(footer);
+  footerLines_ = column(nullptr, betweenFooterLines);
+  body->addLayout(footerLines_);
   status_->setWraps();
   body->addWidget(status_);
   body->addWidget(new Divider);
@@ -191,6 +185,11 @@ void MenuBarView::showRows(const std::vector<PanelContents::Row>& rows) {
 }
 
 void MenuBarView::showFooter(const std::vector<PanelContents::FooterLine>& lines) {
+  while (footer_.size() < lines.size()) {
+    footer_.push_back(new Label(FontRole::caption2, Colour::tertiary));
+    footer_.back()->setWraps();
+    footerLines_->addWidget(footer_.back());
+  }
   for (std::size_t i = 0; i < footer_.size(); ++i) {
     Label& label = *footer_[i];
     label.setVisible(i < lines.size());

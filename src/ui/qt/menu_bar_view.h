@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <utility>
 #include <vector>
 
 #include <QDialog>
@@ -74,6 +75,7 @@ class MenuBarView : public QDialog {
   std::vector<std::pair<Label*, Label*>> rowLabels_;
   QWidget* roastArea_ = nullptr;
   Label* roast_ = nullptr;
+  QVBoxLayout* footerLines_ = nullptr;
   std::vector<Label*> footer_;
   Label* status_;
   CommandButton* copy_ = nullptr;

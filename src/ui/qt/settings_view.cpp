@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include <QEvent>
+#include <QStyle>
 #include <QVBoxLayout>
 
 #include "ui/command_titles.h"
@@ -59,7 +60,7 @@ Picker* pickerOf(const Set& set) {
 }  // namespace
 
 SettingsView::SettingsView(AppModel& model, SettingsForm& form, const ProgramVersion& version)
-    : model_(model), form_(form) {
+    : QDialog(nullptr, Qt::Window), model_(model), form_(form) {
   setWindowTitle("Settings");
   auto* const layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
@@ -75,6 +76,8 @@ SettingsView::SettingsView(AppModel& model, SettingsForm& form, const ProgramVer
   addHelp(sections->addSection(), privacyHelp);
   setGround(*this, Colour::window);
   setMinimumSize(window_place::withRoomForFrame(smallest));
+  // A window that is given no place forgets the user's when it is closed.
+  setGeometry(QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, minimumSize(), window_place::freeArea()));
   // No control has the keyboard before the user reaches for one.
   sections->setAccessibleName(windowTitle());
   sections->setFocus();
@@ -103,7 +106,7 @@ void SettingsView::addRandomRoasts(GroupedForm& sections) {
   FormSection& section = sections.addSection("Random roasts");
   interval_ = pickerOf<RandomRoastInterval>([this](RandomRoastInterval chosen) {
     // The one that it is already would start anew.
-    if (chosen != form_.randomInterval()) form_.setRandomInterval(chosen);
+    if (chosen != form_.randomInterval() || chosen != *model_.randomRoastInterval) form_.setRandomInterval(chosen);
   });
   section.addRow("Roast me randomly", interval_);
   addHelp(section, randomHelp);

@@ -15,6 +15,8 @@ namespace {
 
 /// Whether it is a panel: gone once it is left.
 bool isPanel(const QWidget& window) { return (window.windowFlags() & Qt::WindowType_Mask) == Qt::Tool; }
+/// A window that the user minimised is left where it is.
+bool isSeen(const QWidget& window) { return window.isVisible() && !window.isMinimized(); }
 
 }  // namespace
 
@@ -79,11 +81,11 @@ void WindowedApplication::activate(bool ignoringOtherApps) {
   if (!ignoringOtherApps || isActive()) return;
   QWidget* front = lastActive_;
   for (const auto& [window, listing] : windows_) {
-    if (!window || !window->isVisible()) continue;
+    if (!window || !isSeen(*window)) continue;
     window->raise();
-    if (front == nullptr || !front->isVisible()) front = window;
+    if (front == nullptr || !isSeen(*front)) front = window;
   }
-  if (front != nullptr && front->isVisible()) show(*front);
+  if (front != nullptr && isSeen(*front)) show(*front);
 }
 
 bool WindowedApplication::isActive() const { return QApplication::activeWindow() != nullptr; }
@@ -122,6 +124,7 @@ bool WindowedApplication::eventFilter(QObject* window, QEvent* event) {
   if (event->type() == QEvent::Show && !event->spontaneous()) {
     const auto known = std::ranges::find(windows_, widget, [](const Known& one) { return one.window.data(); });
     if (known != windows_.end()) list(*known);
+    if (shown_) shown_();
   }
   return false;
 }

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <memory>
+#include <utility>
 #include <vector>
 
 #include <QObject>
@@ -32,9 +33,12 @@ class WindowedApplication final : public QObject, public Application {
   [[nodiscard]] bool hasVisibleWindows() const;
   /// Called on later turns of the queue, when a window got the keyboard and none had it before.
   void onBecomeActive(std::function<void()> becameActive) { becameActive_ = std::move(becameActive); }
+  /// Called each time that one of the windows is about to be seen: it may have missed what changed.
+  void onShow(std::function<void()> shown) { shown_ = std::move(shown); }
 
   void setActivationPolicy(ActivationPolicy policy) override;
-  [[nodiscard]] ActivationPolicy activationPolicy() const override;
+  /// That which holds now.
+  [[nodiscard]] ActivationPolicy activationPolicy() const;
   [[nodiscard]] std::shared_ptr<void> holdRegular() override;
   /// Does nothing unless it ignores others: there are window managers that give the keyboard to whoever asks, and nothing that
   /// the user did says that he is done where he is.
@@ -62,6 +66,7 @@ class WindowedApplication final : public QObject, public Application {
   ActivationPolicy followed_ = ActivationPolicy::regular;
   int holds_ = 0;
   std::function<void()> becameActive_;
+  std::function<void()> shown_;
   std::vector<Known> windows_;
   std::vector<QPointer<QWidget>> hidden_;  // by `hide`
   QPointer<QWidget> lastActive_;

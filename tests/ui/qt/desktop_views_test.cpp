@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include "fakes/manual_queue.h"
+#include "fakes/offscreen.h"
 #include "ui/qt/menu_bar_view.h"
 #include "ui/qt/panel_placement.h"
 #include "ui/qt/toast_screen.h"
@@ -30,19 +31,8 @@ extern "C" const char* __tsan_default_options() { return "ignore_noninstrumented
 namespace quibbly {
 namespace {
 
-/// Qt without a screen.
-class DesktopViews : public ::testing::Test {
+class DesktopViews : public fakes::Offscreen {
  protected:
-  static void SetUpTestSuite() {
-    static int argc = 1;
-    static char name[] = "test";
-    static char* argv[] = {name, nullptr};
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    qputenv("QT_LOGGING_RULES", "qt.qpa.*=false");
-    // Never destroyed: what Qt makes on the way is gone before it when programs end.
-    static const auto* const application = new QApplication(argc, argv);
-    ASSERT_NE(application, nullptr);
-  }
   static bool runUntil(const std::function<bool()>& holds) {
     QTimer look;
     QObject::connect(&look, &QTimer::timeout, [&] {
@@ -186,12 +176,17 @@ TEST_F(DesktopViews, windows_come_back_where_they_were_and_panels_do_not) {
   }
   application.hide();
   EXPECT_FALSE(application.hasVisibleWindows());
+  int shown = 0;
+  application.onShow([&] { ++shown; });
   application.unhide();
+  EXPECT_EQ(shown, 1) << "it may have missed what changed";
   EXPECT_TRUE(window.isVisible());
   EXPECT_EQ(window.pos(), QPoint(50, 60));
   EXPECT_FALSE(panel.isVisible());
   window.showMaximized();
   window.setWindowState(window.windowState() | Qt::WindowMinimized);
+  application.activate(true);
+  EXPECT_TRUE(window.isMinimized()) << "the user put it away";
   application.show(window);
   EXPECT_TRUE(window.isMaximized());
   EXPECT_FALSE(window.isMinimized());

@@ -21,11 +21,6 @@ void Label::setFontRole(FontRole role) {
   followFont();
 }
 
-void Label::setWeight(QFont::Weight weight) {
-  weight_ = weight;
-  followFont();
-}
-
 void Label::setMonospaced() {
   isMonospaced_ = true;
   followFont();
@@ -50,8 +45,7 @@ void Label::changeEvent(QEvent* event) {
 }
 
 void Label::followFont() {
-  QFont wanted = isMonospaced_ ? monospacedBody() : fontOf(role_);
-  if (weight_) wanted.setWeight(*weight_);
+  const QFont wanted = isMonospaced_ ? monospacedBody() : fontOf(role_);
   if (font() != wanted) setFont(wanted);
 }
 

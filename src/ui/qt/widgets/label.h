@@ -1,7 +1,5 @@
 #pragma once
 
-#include <optional>
-
 #include <QLabel>
 
 #include "ui/qt/widgets/colours.h"
@@ -17,7 +15,6 @@ class Label : public FollowsFont<QLabel> {
 
   void setColour(Colour colour);
   void setFontRole(FontRole role);
-  void setWeight(QFont::Weight weight);
   /// Fixed width in place of the style's font.
   void setMonospaced();
   /// As many lines as it needs at the width that it is given.
@@ -34,7 +31,6 @@ class Label : public FollowsFont<QLabel> {
 
   FontRole role_;
   Colour colour_;
-  std::optional<QFont::Weight> weight_;
   bool isMonospaced_ = false;
 };
 
