@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <sstream>
+#include <ranges>
 #include <string>
 #include <system_error>
 #include <utility>
@@ -46,10 +46,11 @@ Display displayOf(std::string platform) {
 
 /// X comes first also on a Wayland session that offers it: Wayland lets no program place its own windows.
 Display findDisplay() {
-  std::istringstream platforms(environment("QT_QPA_PLATFORM") + ";xcb;wayland");
-  for (std::string platform; std::getline(platforms, platform, ';');) {
+  const std::string wishes = environment("QT_QPA_PLATFORM") + ";xcb;wayland";
+  for (const auto wish : std::views::split(wishes, ';')) {
+    std::string platform(wish.begin(), wish.end());
     if (platform.empty()) continue;
-    if (Display found = displayOf(platform); !found.platform.empty()) return found;
+    if (Display found = displayOf(std::move(platform)); !found.platform.empty()) return found;
   }
   return {};
 }
