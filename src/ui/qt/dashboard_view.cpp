@@ -2,6 +2,7 @@
 
 #include <QEvent>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QStyle>
 #include <QVBoxLayout>
 
@@ -70,6 +71,8 @@ void DashboardView::changeEvent(QEvent* event) {
   QDialog::changeEvent(event);
   if (event->type() == QEvent::PaletteChange) setGround(*this, Colour::window);
 }
+
+void DashboardView::keyPressEvent(QKeyEvent* event) { event->ignore(); }
 
 void DashboardView::update(const DashboardContents& contents) {
   today_->showValues(texts(contents.today));

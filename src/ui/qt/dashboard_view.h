@@ -29,8 +29,8 @@ class DashboardView : public QDialog {
 
  protected:
   void changeEvent(QEvent* event) override;
-  /// Escape closes dialogs; this is none to the user.
-  void keyPressEvent(QKeyEvent* event) override { QWidget::keyPressEvent(event); }
+  /// Escape closes dialogs, and Enter presses a button of them; this is none to the user.
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   FormSection* today_ = nullptr;
