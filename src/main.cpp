@@ -1,13 +1,17 @@
 #include <algorithm>
 #include <exception>
 #include <expected>
+#include <filesystem>
 #include <span>
+#include <system_error>
 
+#include "commands/autostart_command.h"
 #include "commands/command_line.h"
 #include "commands/complaint.h"
 #include "commands/machine_commands.h"
 #include "commands/prefs_command.h"
 #include "engine/placeholder_roast_engine.h"
+#include "machine/environment.h"
 #include "machine/machine.h"
 #include "platform/linux/standard_streams.h"
 #include "run_application.h"
@@ -23,6 +27,11 @@ std::expected<std::string, Complaint> outputOf(const CommandLine& request) {
   Machine machine;
   if (request.command == CommandLine::Command::prefs) {
     return PrefsCommand(request.prefs.group ? machine.groupPreferences() : machine.preferences()).run(request.prefs);
+  }
+  if (request.command == CommandLine::Command::autostart) {
+    std::error_code ignored;
+    const auto ownProgram = std::filesystem::read_symlink("/proc/self/exe", ignored);
+    return AutostartCommand(machine.files(), configHome(), ownProgram).run(request.startsAtLogin);
   }
   const PlaceholderRoastEngine engine(machine.clock(), machine.random());
   const SharedStorage storage(machine.container(), machine.files(), machine.random());

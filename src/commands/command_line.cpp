@@ -45,6 +45,14 @@ void addPrefs(CLI::App& app, CommandLine& request) {
   prefs->callback([&request] { request.command = CommandLine::Command::prefs; });
 }
 
+void addAutostart(CLI::App& app, CommandLine& request) {
+  CLI::App* const word = app.add_subcommand("autostart", "Say or set whether quibbly starts when you log in");
+  word->add_option_function<std::string>(
+          "SWITCH", [&request](const std::string& wanted) { request.startsAtLogin = wanted == "on"; }, "on or off")
+      ->check(CLI::IsMember({"on", "off"}));
+  word->callback([&request] { request.command = CommandLine::Command::autostart; });
+}
+
 CLI::Validator isOurs() {
   return {[](const std::string& word) {
             if (!AppURL::hasScheme(word)) return "'" + word + "' is neither a command nor a quibbly: URL";
@@ -71,8 +79,8 @@ std::expected<CommandLine, std::string> parseCommandLine(std::span<const char* c
   };
   command("roast", "Sample, score and print one line", CommandLine::Command::roast);
   command("sample", "Print the sample and the mood", CommandLine::Command::sample);
-
   addPrefs(app, request);
+  addAutostart(app, request);
 
   auto text = readWords(app, arguments);
   if (!text) return std::unexpected(std::move(text.error()));

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <expected>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -11,7 +12,7 @@ namespace quibbly {
 
 /// What a call of the program asks for.
 struct CommandLine {
-  enum class Command { run, roast, sample, prefs, showText };
+  enum class Command { run, roast, sample, prefs, autostart, showText };
 
   Command command = Command::run;
   /// For `run`: use the terminal although there is a display.
@@ -21,6 +22,8 @@ struct CommandLine {
   /// Print one JSON object in place of text.
   bool json = false;
   PrefsRequest prefs;
+  /// For `autostart`: absent asks how it is.
+  std::optional<bool> startsAtLogin;
   /// What `showText` prints: the help or the version.
   std::string text;
 

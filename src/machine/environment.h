@@ -14,10 +14,13 @@ inline std::string environment(const char* name) {
   return value != nullptr ? value : "";
 }
 
-/// Where quibbly keeps its preferences.
-inline std::filesystem::path preferenceDirectory() {
-  const std::filesystem::path configHome = environment("XDG_CONFIG_HOME");
-  return (configHome.is_absolute() ? configHome : linux_services::homeDirectory() / ".config") / "quibbly";
+/// Where the user's programs keep what was configured.
+inline std::filesystem::path configHome() {
+  std::filesystem::path named = environment("XDG_CONFIG_HOME");
+  return named.is_absolute() ? named : linux_services::homeDirectory() / ".config";
 }
+
+/// Where quibbly keeps its preferences.
+inline std::filesystem::path preferenceDirectory() { return configHome() / "quibbly"; }
 
 }  // namespace quibbly
