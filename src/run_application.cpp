@@ -92,12 +92,18 @@ class Run {
   std::unique_ptr<FacedApplication> application_;
 };
 
+/// Such as that the display is gone, after which Qt ends the program.
+void complainForQt(QtMsgType kind, const QMessageLogContext& /*context*/, const QString& text) {
+  if (kind != QtDebugMsg && kind != QtInfoMsg) complain(text.toStdString());
+}
+
 /// A desktop's program does without the terminal that it may have been started on.
 std::unique_ptr<QCoreApplication> newQApplication(int& argc, char** argv, const std::string& platform) {
   letThrough(terminalSignals);
   constexpr const char* variable = "QT_QPA_PLATFORM";
   const std::string before = environment(variable);
   (void)qputenv(variable, platform.c_str());
+  (void)qInstallMessageHandler(complainForQt);
   auto application = std::make_unique<QApplication>(argc, argv);
   // It is not meant for the programs that quibbly starts.
   (void)(before.empty() ? qunsetenv(variable) : qputenv(variable, before.c_str()));

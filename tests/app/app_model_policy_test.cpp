@@ -46,6 +46,31 @@ TEST_F(Policy, the_count_begins_anew_with_the_day_or_with_another_days_time_zone
   EXPECT_EQ(stamp(), "2026-11-17");
 }
 
+TEST_F(Policy, a_clock_that_is_set_moves_the_day_and_the_pause_and_nothing_else) {
+  home_.launchApp();
+  model().start();
+  model().randomRoastInterval = RandomRoastInterval::fiveMinutes;
+  model().restartRandomRoastLoop();
+  const struct {
+    const char* what;
+    std::chrono::hours set;
+    bool isStillPaused;
+  } cases[] = {{"back a day", -24h, true}, {"forward a year", 365 * 24h, false}, {"back a year", -365 * 24h, true}};
+  for (const auto& c : cases) {
+    model().resumeRoasts();
+    model().setDailyRoastLimit(256);
+    store(preference_keys::roastDayCount, std::int64_t{7});
+    model().pauseRoasts(3600);
+    home_.group.clock.atZero += c.set;
+    model().reloadPolicyFromDefaults();
+    EXPECT_EQ(*model().roastsSentToday, 0) << c.what;
+    EXPECT_EQ(model().pauseStatusText().has_value(), c.isStillPaused) << c.what;
+    model().resumeRoasts();
+    advance(300s + reloads);
+    EXPECT_EQ(*model().roastsSentToday, 1) << c.what << ": the schedule counts by another clock";
+  }
+}
+
 TEST_F(Policy, the_stored_count_is_the_one_that_is_raised) {
   home_.launchApp();
   const struct {

@@ -62,6 +62,23 @@ TEST_F(WidgetRequests, the_application_sleeps_while_the_mailboxes_are_empty_and_
   EXPECT_TRUE(home_.group.storage.readText("roastRequest.json"));
 }
 
+TEST_F(WidgetRequests, more_than_can_be_answered_are_taken_and_leave_the_application_as_it_was) {
+  model().setDailyRoastLimit(256);
+  for (int i = 0; i < 1000; ++i) {
+    leaveRequest();
+    leaveNotification("Body " + std::to_string(i));
+    advance(6ms);
+  }
+  advance(1min);
+  EXPECT_TRUE(home_.requests.isEmpty());
+  EXPECT_TRUE(home_.pending.isEmpty());
+  EXPECT_LE(announced().size(), 256U);
+  const auto before = home_.group.store.lastRoast();
+  model().roastMeNow(false, false);
+  run();
+  EXPECT_NE(home_.group.store.lastRoast()->text, before->text);
+}
+
 TEST_F(WidgetRequests, the_notification_between_processes_is_answered_at_once) {
   advance(100ms);
   leaveRequest();

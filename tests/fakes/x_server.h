@@ -30,6 +30,8 @@ class XServer {
     ::waitpid(process_, nullptr, 0);
   }
 
+  /// As when it crashes.
+  void kill() const { ::kill(process_, SIGKILL); }
   /// Whether the machine has the program.
   [[nodiscard]] bool installed() const { return process_ > 0; }
   /// From now on it takes connections and answers nothing, until it resumes.

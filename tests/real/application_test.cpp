@@ -63,6 +63,31 @@ TEST_F(Application, answers_widgets_and_urls_within_the_limits_and_goes_on_after
   EXPECT_LT(std::chrono::steady_clock::now() - told, 1s);
 }
 
+TEST_F(Application, goes_on_after_its_bus_and_its_container_were_lost) {
+  Process application(start(""));
+  ASSERT_TRUE(untilSaid("Notify budget: 0/3 today"));
+  daemon_.kill();
+  std::error_code ignored;
+  std::filesystem::remove_all(home_.containerURL, ignored);
+  daemon_.start();
+  fakes::NotificationServer server(daemon_.address());
+  const auto untilShown = [&](std::size_t count) {
+    return until([&] {
+      server.serve();
+      return server.onScreen.size() == count;
+    });
+  };
+  // It finds its way back to the bus when it next says something there.
+  ASSERT_TRUE(until([&] { return std::filesystem::exists(home_.containerURL); }));
+  const PendingNotify pending{.title = "A title", .body = "A body", .category = "ram", .createdAt = home_.clock.now()};
+  ASSERT_FALSE(home_.storage.write(pending, "pendingNotify.json"));
+  ASSERT_TRUE(untilShown(1)) << output();
+  EXPECT_EQ(run("quibbly://roast"), 0);
+  ASSERT_TRUE(untilShown(2)) << output();
+  EXPECT_EQ(server.onScreen[1].body, home_.store.lastRoast()->text);
+  EXPECT_EQ(application.end(SIGTERM), 0);
+}
+
 TEST_F(Application, without_a_bus_runs_alone_and_keeps_the_second_out) {
   ::setenv("DBUS_SESSION_BUS_ADDRESS", "disabled:", 1);
   Process application(start(""));

@@ -16,6 +16,7 @@ namespace {
 
 using fakes::Process;
 using ::testing::IsEmpty;
+using ::testing::StartsWith;
 
 constexpr xcb_keysym_t comma = 0x2c;
 constexpr xcb_keysym_t letterD = 0x64;
@@ -142,6 +143,15 @@ TEST_F(Desktop, opens_its_panel_for_a_tray_on_the_bus) {
   tray.activateItem();
   EXPECT_TRUE(untilShown("quibbly"));
   EXPECT_EQ(application.end(SIGTERM), 0);
+}
+
+TEST_F(Desktop, ends_with_its_display_and_says_so) {
+  desk_->appear();
+  Process application(start(""));
+  ASSERT_TRUE(untilDocked());
+  screen_.kill();
+  EXPECT_EQ(application.wait(), 1);
+  EXPECT_THAT(output(), StartsWith("quibbly: The X11 connection broke"));
 }
 
 TEST_F(Desktop, is_used_whole_by_a_screen_reader) {

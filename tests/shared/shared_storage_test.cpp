@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <limits>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -114,6 +115,10 @@ TEST_F(Storage, whatever_is_no_file_of_ours_reads_as_corrupt_and_never_waits) {
   EXPECT_EQ(readError(), SharedStorageError::decodingFailed) << "a link";
   EXPECT_EQ(storage_.write(notify, "file.json"), std::error_code()) << "a write replaces the link";
   EXPECT_EQ(real_.read(tree_.root() / "elsewhere.json"), whole);
+  constexpr uid_t somebodyElse = 4711;
+  if (::chown((directory_ / "file.json").c_str(), somebodyElse, somebodyElse) == 0) {  // as root only
+    EXPECT_EQ(readError(), SharedStorageError::decodingFailed) << "another user's";
+  }
   std::filesystem::remove(directory_ / "file.json");
   std::filesystem::create_directory(directory_ / "file.json");
   EXPECT_EQ(readError(), SharedStorageError::decodingFailed) << "a directory";

@@ -40,6 +40,7 @@ std::expected<std::string, std::error_code> PosixFileSystem::read(const std::fil
   struct stat status{};
   if (!opened || ::fstat(opened.get(), &status) != 0) return std::unexpected(lastError());
   if (!S_ISREG(status.st_mode)) return std::unexpected(made(std::errc::invalid_argument));
+  if (status.st_uid != ::geteuid()) return std::unexpected(made(std::errc::permission_denied));
   // One byte too many is enough to know.
   auto content = readUpTo(opened.get(), largestFile + 1, static_cast<std::size_t>(status.st_size));
   if (content && content->size() > largestFile) return std::unexpected(made(std::errc::file_too_large));
