@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <limits>
 #include <string>
 #include <utility>
 #include <vector>
@@ -17,6 +18,8 @@ struct Bound {
   std::string baseline;
   /// Times the baseline, or nanoseconds, or as many.
   double atMost;
+  /// Whether it is no fault when nothing was measured.
+  bool isOptional = false;
 };
 
 /// Filled where the benchmarks are, checked after all of them have run.
@@ -26,6 +29,13 @@ std::vector<Bound>& bounds();
 struct Compare {
   Compare(std::string measured, std::string baseline, double atMostTimes) {
     bounds().push_back({Bound::Kind::ratio, std::move(measured), std::move(baseline), atMostTimes});
+  }
+};
+/// Shows the two beside one another where both were measured, and asks nothing of them.
+struct Beside {
+  Beside(std::string measured, std::string other) {
+    constexpr double anything = std::numeric_limits<double>::infinity();
+    bounds().push_back({Bound::Kind::ratio, std::move(measured), std::move(other), anything, true});
   }
 };
 struct Limit {

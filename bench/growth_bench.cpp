@@ -50,6 +50,39 @@ class RoastAfterRoast {
   std::size_t announced_ = 0;
 };
 
+/// Days that pass by themselves, on a clock that is moved on.
+class DayAfterDay {
+ public:
+  static constexpr std::size_t dailyLimit = 100;
+
+  DayAfterDay() : home_(std::filesystem::path(std::getenv("XDG_DATA_HOME")) / "days") {
+    home_.launchApp().setDailyRoastLimit(dailyLimit);
+    model().start();
+    model().randomRoastInterval = RandomRoastInterval::fiveMinutes;
+    model().restartRandomRoastLoop();
+  }
+
+  void passADay() {
+    for (int quarter = 0; quarter < 4 * 24; ++quarter) {
+      home_.machine.sample.memoryUtilizationEstimate = 0.3 + 0.005 * quarter;
+      home_.queue.advance(15min);
+      announced_ += home_.center.removed.size();
+      home_.center.removed = {};
+      home_.desktop.calls = {};
+      home_.widgetCenter.reloads = {};
+    }
+  }
+  [[nodiscard]] std::size_t announced() const { return announced_; }
+  [[nodiscard]] std::size_t waiting() const { return home_.queue.waiting(); }
+  [[nodiscard]] std::size_t historyLength() const { return home_.recentRoasts.history().texts.size(); }
+
+ private:
+  AppModel& model() { return *home_.app->appModel; }
+
+  fakes::ApplicationHome home_;
+  std::size_t announced_ = 0;
+};
+
 double bytesInUse() { return static_cast<double>(::mallinfo2().uordblks); }
 
 /// The memory that ten minutes of one roast a second leave behind, once the history is full and every line was filled in.
@@ -66,6 +99,27 @@ void sixHundredRoasts(benchmark::State& state) {
 BENCHMARK(sixHundredRoasts)->Iterations(1);
 
 const Limit growthLimit("bytesGrown", 4096.0);
+
+/// 24 hours in which nobody does anything but the program itself: it samples, publishes, and roasts every five minutes. What
+/// such a day leaves behind, after one that filled all there is to be filled.
+void aDay(benchmark::State& state) {
+  for (auto _ : state) {
+    DayAfterDay application;
+    application.passADay();
+    const double before = bytesInUse();
+    const auto waitingBefore = static_cast<double>(application.waiting());
+    application.passADay();
+    state.counters["bytesGrownInADay"] = bytesInUse() - before;
+    state.counters["workGrownInADay"] = static_cast<double>(application.waiting()) - waitingBefore;
+    state.counters["historyAfterADay"] = static_cast<double>(application.historyLength());
+    if (application.announced() < 2 * DayAfterDay::dailyLimit) state.SkipWithError("too little was announced");
+  }
+}
+BENCHMARK(aDay)->Iterations(1);
+
+const Limit dayLimit("bytesGrownInADay", 4096.0);
+const Limit workLimit("workGrownInADay", 0.0);
+const Limit historyLimit("historyAfterADay", 12.0);
 
 }  // namespace
 }  // namespace quibbly::bench

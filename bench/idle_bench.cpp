@@ -81,8 +81,8 @@ BENCHMARK(bareIdle)->UseManualTime()->Iterations(1);
 void idle(benchmark::State& state) { tell(state, theIdleMinute().quibbly, "idleWakeUps"); }
 BENCHMARK(idle)->UseManualTime()->Iterations(1);
 
-const Compare idleBound("idle", "bareIdle", 3.0);
-const Limit wakeUpsLimit("idleWakeUps", 3.0);
+const Compare idleBound("idle", "bareIdle", 1.0);
+const Limit wakeUpsLimit("idleWakeUps", 0.2);
 
 }  // namespace
 }  // namespace quibbly::bench

@@ -18,7 +18,8 @@ namespace quibbly::bench {
 struct Use {
   bool runs = false;
   double processorSeconds = 0;
-  /// How often one of its threads waited for something.
+  /// How often its main thread waited for something, and so was woken. What its other threads wait for belongs to that: they
+  /// work when it asks them to.
   double waits = 0;
 };
 
@@ -45,7 +46,7 @@ class MemoryHome {
   [[nodiscard]] const std::filesystem::path& path() const { return path_; }
   /// In the child, before the program.
   void enter() const {
-    for (const char* name : {"XDG_DATA_HOME", "XDG_CONFIG_HOME"}) ::setenv(name, path_.c_str(), 1);
+    for (const char* name : {"HOME", "XDG_DATA_HOME", "XDG_CONFIG_HOME"}) ::setenv(name, path_.c_str(), 1);
   }
 
  private:
@@ -62,6 +63,19 @@ inline double numberAfter(const std::filesystem::path& file, const std::string& 
   return 0;
 }
 
+/// Starts a program on an X display.
+inline pid_t startOn(const std::string& display, const MemoryHome& home, const char* program,
+                     const char* argument = nullptr) {
+  const pid_t child = ::fork();
+  if (child == 0) {
+    home.enter();
+    ::setenv("DISPLAY", display.c_str(), 1);
+    ::execlp(program, program, argument, nullptr);
+    ::_exit(127);
+  }
+  return child;
+}
+
 /// A program that was started, and is told to end with this object.
 class RunningProgram {
  public:
@@ -76,20 +90,13 @@ class RunningProgram {
     if (::clock_getcpuclockid(process_.pid(), &clock) != 0 || ::clock_gettime(clock, &used) != 0) return {};
     return {.runs = process_.runs(),
             .processorSeconds = static_cast<double>(used.tv_sec) + 1e-9 * static_cast<double>(used.tv_nsec),
-            .waits = waits()};
+            .waits = numberAfter(directory() / "status", "voluntary_ctxt_switches:")};
   }
   /// Bytes of memory, where what is shared counts in parts.
   [[nodiscard]] double proportionalSet() const { return 1024 * numberAfter(directory() / "smaps_rollup", "Pss:"); }
 
  private:
   [[nodiscard]] std::filesystem::path directory() const { return "/proc/" + std::to_string(process_.pid()); }
-  [[nodiscard]] double waits() const {
-    double sum = 0;
-    for (const auto& thread : std::filesystem::directory_iterator(directory() / "task")) {
-      sum += numberAfter(thread.path() / "status", "voluntary_ctxt_switches:");
-    }
-    return sum;
-  }
 
   fakes::Process process_;
 };

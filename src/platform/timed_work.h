@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <map>
 #include <optional>
@@ -17,6 +18,9 @@ class TimedWork {
 
   /// The earliest deadline; absent when nothing is scheduled.
   [[nodiscard]] std::optional<ContinuousClock::time_point> nextDeadline() const;
+
+  /// How much is scheduled.
+  [[nodiscard]] std::size_t size() const { return work_.size(); }
 
   /// Takes the first work whose deadline is not after `now`; absent when there is none.
   [[nodiscard]] std::optional<MainQueue::Work> takeDue(ContinuousClock::time_point now);

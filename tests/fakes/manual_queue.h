@@ -46,6 +46,9 @@ class ManualQueue : public MainQueue {
     return next ? std::optional(*next - now_) : std::nullopt;
   }
 
+  /// How much waits for its turn or its time.
+  [[nodiscard]] std::size_t waiting() const { return posted_.size() + timed_.size(); }
+
   /// Runs what is posted, due or can be read, until nothing of it is left.
   void run() {
     while (runPosted() || runDue() || runReadable()) {
