@@ -2,6 +2,7 @@
 
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 
 #include "platform/preference_store.h"
@@ -10,14 +11,16 @@ namespace quibbly {
 
 /// The preferences of a running program, which always take a value, and never forget one while the program runs: what the
 /// store beneath does not take is kept, and tried again with the next change; until then it stands before what another
-/// program stores under that key. While the store cannot be opened, what was read last holds. What was set before it could
-/// be opened for the first time gives way to what is stored. Main thread.
+/// program stores under that key. While a key cannot be read, what was read last holds. What was never read counts as
+/// missing, and is looked for again before anything is stored: what is set meanwhile, of that key or of another that was
+/// never read, gives way to what is found. Main thread.
 class KeptPreferences final : public PreferenceStore {
  public:
   explicit KeptPreferences(PreferenceStore& store) : store_(store) {}
 
   [[nodiscard]] bool open() override { return true; }
-  [[nodiscard]] std::optional<PreferenceValue> value(std::string_view key) override;
+  /// Never an error.
+  [[nodiscard]] Reading read(std::string_view key) override;
   [[nodiscard]] std::map<std::string, PreferenceValue> all() override;
   [[nodiscard]] std::error_code apply(std::span<const PreferenceChange> changes) override;
   void synchronize() override { store_.synchronize(); }
@@ -28,9 +31,9 @@ class KeptPreferences final : public PreferenceStore {
   [[nodiscard]] bool reaches();
 
   PreferenceStore& store_;
-  bool wasReached_ = false;
-  Values kept_;  // what the store did not take yet; absent was removed
-  Values read_;  // as it was when it was read last
+  Values kept_;                                // what the store did not take yet; absent was removed
+  Values read_;                                // as it was when it was read last
+  std::set<std::string, std::less<>> unread_;  // what was to be read, or set blindly, and could never be read
 };
 
 }  // namespace quibbly

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <expected>
 #include <map>
 #include <optional>
 #include <span>
@@ -23,16 +24,18 @@ struct PreferenceChange {
   std::optional<PreferenceValue> value;
 };
 
-/// Typed values by key, shared with other processes. A store that cannot be opened holds nothing and takes nothing; it is
+/// Typed values by key, shared with other processes. A store that cannot be opened tells nothing and takes nothing; it is
 /// tried again at the next call. Calls from one thread.
 class PreferenceStore {
  public:
+  using Reading = std::expected<std::optional<PreferenceValue>, std::error_code>;
+
   virtual ~PreferenceStore() = default;
 
   /// Whether the store can be opened now.
   [[nodiscard]] virtual bool open() = 0;
-  /// The value of a key; absent when there is none.
-  [[nodiscard]] virtual std::optional<PreferenceValue> value(std::string_view key) = 0;
+  /// The value of a key; absent when there is none. An error when nobody can tell.
+  [[nodiscard]] virtual Reading read(std::string_view key) = 0;
   /// Every key with its value.
   [[nodiscard]] virtual std::map<std::string, PreferenceValue> all() = 0;
   /// Makes all changes, in order, or none.
@@ -40,6 +43,8 @@ class PreferenceStore {
   /// Makes sure that what was applied is seen by others, and what others applied is seen here.
   virtual void synchronize() = 0;
 
+  /// The value of a key; absent when there is none that can be read.
+  [[nodiscard]] std::optional<PreferenceValue> value(std::string_view key) { return read(key).value_or(std::nullopt); }
   /// The value of a key when it is of this type; absent otherwise.
   template <typename Value>
   [[nodiscard]] std::optional<Value> get(std::string_view key) {

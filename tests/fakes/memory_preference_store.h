@@ -15,9 +15,10 @@ class MemoryPreferenceStore : public PreferenceStore {
   int transactions = 0;
 
   [[nodiscard]] bool open() override { return opens; }
-  [[nodiscard]] std::optional<PreferenceValue> value(std::string_view key) override {
+  [[nodiscard]] Reading read(std::string_view key) override {
+    if (!opens) return std::unexpected(std::make_error_code(std::errc::io_error));
     const auto found = values_.find(std::string(key));
-    return opens && found != values_.end() ? std::optional(found->second) : std::nullopt;
+    return found != values_.end() ? std::optional(found->second) : std::nullopt;
   }
   [[nodiscard]] std::map<std::string, PreferenceValue> all() override {
     return opens ? values_ : std::map<std::string, PreferenceValue>();

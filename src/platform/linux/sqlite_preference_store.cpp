@@ -46,6 +46,8 @@ bool makeFile(const std::filesystem::path& file) {
   return made || errno == EEXIST;
 }
 
+PreferenceStore::Reading unreadable() { return std::unexpected(std::make_error_code(std::errc::io_error)); }
+
 /// Null when the file cannot be opened.
 Handle openHandle(const std::filesystem::path& file, std::chrono::milliseconds patience) {
   sqlite3* opened = nullptr;
@@ -110,10 +112,15 @@ class SqlitePreferenceStore::Database {
     return database->handle_ && database->prepareAll() ? std::move(database) : nullptr;
   }
 
-  std::optional<PreferenceValue> value(std::string_view key) {
+  Reading read(std::string_view key) {
     bind(find_.get(), 1, key);
     const int status = sqlite3_step(find_.get());
-    auto found = status == SQLITE_ROW ? columnValue(find_.get(), 0) : std::nullopt;
+    Reading found;
+    if (status == SQLITE_ROW) {
+      found = columnValue(find_.get(), 0);
+    } else if (status != SQLITE_DONE) {
+      found = unreadable();
+    }
     sqlite3_reset(find_.get());
     return found;
   }
@@ -213,8 +220,8 @@ bool SqlitePreferenceStore::open() {
   return database_ != nullptr;
 }
 
-std::optional<PreferenceValue> SqlitePreferenceStore::value(std::string_view key) {
-  return open() ? database_->value(key) : std::nullopt;
+PreferenceStore::Reading SqlitePreferenceStore::read(std::string_view key) {
+  return open() ? database_->read(key) : unreadable();
 }
 
 std::map<std::string, PreferenceValue> SqlitePreferenceStore::all() {

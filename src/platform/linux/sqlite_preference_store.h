@@ -21,7 +21,7 @@ class SqlitePreferenceStore final : public PreferenceStore {
   ~SqlitePreferenceStore() override;
 
   [[nodiscard]] bool open() override;
-  [[nodiscard]] std::optional<PreferenceValue> value(std::string_view key) override;
+  [[nodiscard]] Reading read(std::string_view key) override;
   [[nodiscard]] std::map<std::string, PreferenceValue> all() override;
   [[nodiscard]] std::error_code apply(std::span<const PreferenceChange> changes) override;
   void synchronize() override {}  // every transaction is seen by all at once

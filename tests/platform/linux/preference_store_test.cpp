@@ -163,6 +163,16 @@ TEST_F(SqliteStore, that_may_not_be_written_or_has_no_room_takes_nothing_and_los
   EXPECT_EQ(store.set("key", std::int64_t{3}), std::error_code());
 }
 
+TEST_F(SqliteStore, whose_file_cannot_be_read_says_so_and_not_that_the_key_is_missing) {
+  SqlitePreferenceStore store(file_);
+  ASSERT_EQ(store.set("key", std::int64_t{1}), std::error_code());
+  EXPECT_EQ(store.read("missing"), std::nullopt);
+  ASSERT_EQ(SqlitePreferenceStore(file_).set("key", std::int64_t{2}), std::error_code());
+  std::filesystem::resize_file(file_.string() + "-wal", 0);
+  EXPECT_FALSE(store.read("key"));
+  EXPECT_FALSE(SqlitePreferenceStore(tree_.root()).read("key")) << "a directory";
+}
+
 TEST_F(SqliteStore, moves_a_long_log_into_the_database_without_being_asked) {
   SqlitePreferenceStore store(file_);
   ASSERT_TRUE(store.open());
