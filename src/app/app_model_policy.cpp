@@ -84,12 +84,14 @@ std::optional<std::string> AppModel::refusal(std::string_view atLimitZero) const
   return std::nullopt;
 }
 
-/// The count begins anew on the first look at it on another day.
+/// The count begins anew on the first look at it on another day. In one step: a day and a count that do not go together
+/// would let through too many, or too few.
 void AppModel::rollDailyCounterIfNeeded() {
   const std::string today = dayStamp(services_.clock.now());
   if (services_.defaults.get<std::string>(preference_keys::roastDayStamp) == today) return;
-  store(preference_keys::roastDayStamp, today);
-  store(preference_keys::roastDayCount, std::int64_t{0});
+  const PreferenceChange changes[] = {{.key = preference_keys::roastDayStamp, .value = today},
+                                      {.key = preference_keys::roastDayCount, .value = std::int64_t{0}}};
+  [[maybe_unused]] const std::error_code forgotten = services_.defaults.apply(changes);
   roastsSentToday = 0;
 }
 
