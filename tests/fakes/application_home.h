@@ -4,9 +4,14 @@
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "app/kept_preferences.h"
 #include "app/quibbly_app.h"
+#include "fakes/failing_centers.h"
+#include "fakes/failing_clock.h"
+#include "fakes/failing_file_system.h"
+#include "fakes/failing_preference_store.h"
 #include "fakes/fake_cross_process_center.h"
 #include "fakes/fake_desktop.h"
 #include "fakes/fake_notification_center.h"
@@ -33,9 +38,14 @@ struct QueueClock final : WallClock {
 };
 
 /// Everything that an application needs, on a moved clock, with the container on real files. The application itself is
-/// made by `launch`, and may be made anew.
+/// made by `launchApp`, and may be made anew. What it asks of a service goes through `failing`, so that any call may fail,
+/// or any of all services in `commonFaults`; the group and the fakes themselves are what others see, and never fail.
 struct ApplicationHome {
-  explicit ApplicationHome(const std::optional<std::filesystem::path>& containerURL) : group(containerURL) {
+  /// Without a watch of the test's own, the kernel's.
+  explicit ApplicationHome(const std::optional<std::filesystem::path>& containerURL,
+                           std::unique_ptr<DirectoryWatch> watch = nullptr)
+      : group(containerURL),
+        mailboxWatch(watch ? std::move(watch) : std::make_unique<linux_services::InotifyWatch>(queue)) {
     group.clock.queue = &queue;
   }
   ApplicationHome(const ApplicationHome&) = delete;
@@ -62,29 +72,47 @@ struct ApplicationHome {
   FakeBannerScreen screen{queue};
   FakeSnapshotSource machine{queue};
   MemoryPreferenceStore preferences;
-  KeptPreferences kept{preferences};
-  RecentRoasts recentRoasts{group.storage};
-  PlaceholderRoastEngine engine{group.clock, group.random};
-  WidgetReload widgets{widgetCenter, group.preferences};
-  RoastRequestQueue requests{group.storage, group.files, crossProcess};
-  PendingNotifyQueue pending{group.storage, group.files, crossProcess, group.clock};
-  linux_services::InotifyWatch mailboxWatch{queue};
+  Faults commonFaults;
+  struct {
+    FailingFileSystem files;
+    FailingPreferenceStore groupPreferences;
+    FailingPreferenceStore preferences;
+    FailingClock clock;
+    FailingNotificationCenter center;
+    FailingWidgetCenter widgetCenter;
+    FailingCrossProcessCenter crossProcess;
+  } failing{.files = FailingFileSystem(group.files, &commonFaults),
+            .groupPreferences = FailingPreferenceStore(group.preferences, &commonFaults),
+            .preferences = FailingPreferenceStore(preferences, &commonFaults),
+            .clock = FailingClock(group.clock, &commonFaults),
+            .center = FailingNotificationCenter(queue, center, &commonFaults),
+            .widgetCenter = FailingWidgetCenter(queue, widgetCenter, &commonFaults),
+            .crossProcess = FailingCrossProcessCenter(crossProcess, &commonFaults)};
+  SharedStorage storage{group.container, failing.files, group.random};
+  AppGroupStore store{storage, failing.groupPreferences, failing.clock, group.random, group.userText};
+  KeptPreferences kept{failing.preferences};
+  RecentRoasts recentRoasts{storage};
+  PlaceholderRoastEngine engine{failing.clock, group.random};
+  WidgetReload widgets{failing.widgetCenter, failing.groupPreferences};
+  RoastRequestQueue requests{storage, failing.files, failing.crossProcess};
+  PendingNotifyQueue pending{storage, failing.files, failing.crossProcess, failing.clock};
+  std::unique_ptr<DirectoryWatch> mailboxWatch;
   DesktopBanner banner{queue, screen};
-  NotificationManager notifications{queue,  center,       desktop,        desktop,
-                                    banner, recentRoasts, group.userText, group.random};
+  NotificationManager notifications{queue,  failing.center, desktop,        desktop,
+                                    banner, recentRoasts,   group.userText, group.random};
   AppModel::Services services{.queue = queue,
-                              .clock = group.clock,
+                              .clock = failing.clock,
                               .calendar = calendar,
                               .monitor = machine,
                               .engine = engine,
                               .defaults = kept,
-                              .storage = group.storage,
+                              .storage = storage,
                               .recentRoasts = recentRoasts,
-                              .store = group.store,
+                              .store = store,
                               .widgets = widgets,
                               .requests = requests,
                               .pendingNotifications = pending,
-                              .mailboxWatch = mailboxWatch,
+                              .mailboxWatch = *mailboxWatch,
                               .notifications = notifications,
                               .application = desktop,
                               .pasteboard = desktop};

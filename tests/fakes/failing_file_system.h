@@ -1,19 +1,15 @@
 #pragma once
 
+#include "fakes/faults.h"
 #include "platform/file_system.h"
 
 namespace quibbly::fakes {
 
-/// A file system whose n-th call, counted from 1, fails without doing anything. 0 lets all calls through.
-class FailingFileSystem : public FileSystem {
+/// A file system whose calls fail without doing anything, but for a write, which leaves half of the content as a full disk
+/// does.
+class FailingFileSystem final : public FileSystem, public Faults {
  public:
-  explicit FailingFileSystem(FileSystem& real) : real_(real) {}
-
-  void failCall(int number) {
-    calls_ = 0;
-    failing_ = number;
-  }
-  [[nodiscard]] int calls() const { return calls_; }
+  explicit FailingFileSystem(FileSystem& real, const Faults* common = nullptr) : Faults(common), real_(real) {}
 
   [[nodiscard]] std::error_code createDirectories(const std::filesystem::path& directory) override {
     return fails() ? failure() : real_.createDirectories(directory);
@@ -23,7 +19,9 @@ class FailingFileSystem : public FileSystem {
     return real_.read(file);
   }
   [[nodiscard]] std::error_code writeNew(const std::filesystem::path& file, std::string_view content) override {
-    return fails() ? failure() : real_.writeNew(file, content);
+    if (!fails()) return real_.writeNew(file, content);
+    const std::error_code half = real_.writeNew(file, content.substr(0, content.size() / 2));
+    return half ? half : failure();
   }
   [[nodiscard]] std::error_code replace(const std::filesystem::path& file, const std::filesystem::path& with) override {
     return fails() ? failure() : real_.replace(file, with);
@@ -35,11 +33,7 @@ class FailingFileSystem : public FileSystem {
   static std::error_code failure() { return std::make_error_code(std::errc::io_error); }
 
  private:
-  bool fails() { return ++calls_ == failing_; }
-
   FileSystem& real_;
-  int calls_ = 0;
-  int failing_ = 0;
 };
 
 }  // namespace quibbly::fakes

@@ -17,8 +17,8 @@ namespace quibbly::fakes {
 /// a file are made.
 class FileTree {
  public:
-  FileTree() {
-    std::string name = (std::filesystem::temp_directory_path() / "quibbly-tree-XXXXXX").string();
+  explicit FileTree(const std::filesystem::path& in = std::filesystem::temp_directory_path()) {
+    std::string name = (in / "quibbly-tree-XXXXXX").string();
     if (::mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary directory");
     root_ = name;
   }
