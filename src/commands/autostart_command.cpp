@@ -76,11 +76,12 @@ std::expected<std::string, Complaint> AutostartCommand::switchOn() {
   // Desktops do not look at files of this name.
   std::filesystem::path unfinished = entry_;
   unfinished += ".new";
-  (void)files_.remove(unfinished);
+  const auto removeUnfinished = [&] { [[maybe_unused]] const std::error_code missing = files_.remove(unfinished); };
+  removeUnfinished();
   std::error_code error = files_.writeNew(unfinished, entry);
   if (!error) error = files_.replace(entry_, unfinished);
   if (!error) return "";
-  (void)files_.remove(unfinished);
+  removeUnfinished();
   return failure("write", entry_, error);
 }
 

@@ -16,7 +16,7 @@ inline std::string environment(const char* name) {
 
 /// Where the user's programs keep what was configured.
 inline std::filesystem::path configHome() {
-  std::filesystem::path named = environment("XDG_CONFIG_HOME");
+  const std::filesystem::path named = environment("XDG_CONFIG_HOME");
   return named.is_absolute() ? named : linux_services::homeDirectory() / ".config";
 }
 
