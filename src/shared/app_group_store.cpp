@@ -137,21 +137,27 @@ std::optional<AppGroupStore::WidgetPayload> AppGroupStore::widgetPayload() {
 std::optional<AppGroupStore::WidgetPayload> AppGroupStore::payloadFromPreferences() {
   if (!preferences_.open()) return std::nullopt;
   preferences_.synchronize();
-  const std::string text = preferences_.get<std::string>("roastText").value_or("");
+  const std::string text = preferredText("roastText").value_or("");
   if (text.empty()) return std::nullopt;
   const double madeAt = preferences_.get<double>("roastAt").value_or(0);
   const auto createdAt = madeAt > 0 ? dateFromEpochSeconds(madeAt) : std::nullopt;
-  const auto token = preferences_.get<std::string>("generationToken");
+  const auto token = preferredText("generationToken");
   return WidgetPayload{.text = text,
-                       .category = preferences_.get<std::string>("roastCategory").value_or(""),
-                       .mood = preferences_.get<std::string>("roastMood").value_or(""),
+                       .category = preferredText("roastCategory").value_or(""),
+                       .mood = preferredText("roastMood").value_or(""),
                        .createdAt = createdAt.value_or(clock_.now()),
                        .ram = preferences_.get<double>("ram"),
                        .apps = preferences_.get<std::int64_t>("apps"),
                        .uptimeDays = daysOf(preferences_.get<double>("uptime")),
-                       .thermal = preferences_.get<std::string>("thermal"),
+                       .thermal = preferredText("thermal"),
                        .battery = preferences_.get<std::int64_t>("battery"),
                        .generation = token ? *token : freshUuid(random_)};
+}
+
+/// What is no UTF-8 is as good as a value of another type: the next copy may be whole.
+std::optional<std::string> AppGroupStore::preferredText(std::string_view key) {
+  auto text = preferences_.get<std::string>(key);
+  return text && userText_.isUtf8(*text) ? std::move(text) : std::nullopt;
 }
 
 std::optional<AppGroupStore::WidgetPayload> AppGroupStore::payloadFromText() const {

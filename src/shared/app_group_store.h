@@ -63,6 +63,7 @@ class AppGroupStore {
   template <typename Record>
   [[nodiscard]] std::optional<Record> published(std::string_view key, std::string_view fileName);
   [[nodiscard]] std::optional<WidgetPayload> payloadFromPreferences();
+  [[nodiscard]] std::optional<std::string> preferredText(std::string_view key);
   [[nodiscard]] std::optional<WidgetPayload> payloadFromText() const;
   [[nodiscard]] std::optional<WidgetPayload> payloadFromFiles() const;
 

@@ -116,13 +116,15 @@ TEST_F(GroupStore, readers_go_from_the_preferences_to_the_text_to_the_files) {
   const std::string token = *preferences_.get<std::string>("generationToken");
   EXPECT_EQ(store_.widgetPayload(), somePayload(token));
 
-  ASSERT_FALSE(preferences_.set("roastText", std::string()));
   AppGroupStore::WidgetPayload fromText;
   fromText.text = "Line one.\nLine two.";
   fromText.mood = "Judging You";
   fromText.createdAt = clock_.time;
   fromText.generation = token;
-  EXPECT_EQ(store_.widgetPayload(), fromText);
+  for (const char* unusable : {"", "Line\xff"}) {
+    ASSERT_FALSE(preferences_.set("roastText", std::string(unusable)));
+    EXPECT_EQ(store_.widgetPayload(), fromText) << unusable;
+  }
 
   for (const char* unusable : {"token\nProud", "token\nProud\n", "", "token\nProud\n\xff"}) {
     ASSERT_FALSE(storage_.writeText(unusable, "currentRoast.txt"));
@@ -142,11 +144,13 @@ TEST_F(GroupStore, keys_of_the_wrong_type_or_out_of_range_read_as_missing) {
   ASSERT_FALSE(preferences_.set("roastAt", 0.0));
   ASSERT_FALSE(preferences_.set("uptime", 1e300));
   ASSERT_FALSE(preferences_.set("apps", 24.0));
+  ASSERT_FALSE(preferences_.set("thermal", std::string("f\xc3")));
   ASSERT_FALSE(preferences_.remove("generationToken"));
   const auto payload = store_.widgetPayload().value();
   EXPECT_EQ(payload.createdAt, clock_.time);
   EXPECT_EQ(payload.uptimeDays, std::nullopt);
   EXPECT_EQ(payload.apps, std::nullopt);
+  EXPECT_EQ(payload.thermal, std::nullopt);
   EXPECT_THAT(payload.generation, MatchesRegex(aUuid));
   ASSERT_FALSE(preferences_.set("roastAt", 1e300));
   EXPECT_EQ(store_.widgetPayload()->createdAt, clock_.time);
