@@ -39,7 +39,7 @@ class Layout {
 
   void add(Keep keep, TerminalLine line) { lines_.emplace_back(keep, std::move(line)); }
   void addText(Keep keep, TextStyle style, std::string_view text) {
-    for (std::string& line : wrapped(text, width_, userText_)) add(keep, {{style, std::move(line)}});
+    for (std::string& line : wrapped(text, width_, userText_, height_)) add(keep, {{style, std::move(line)}});
   }
   void addSpace() { add(Keep::space, {}); }
   void addRule() { add(Keep::space, {{TextStyle::dim, repeated("─", width_)}}); }
@@ -54,8 +54,8 @@ class Layout {
       add(Keep::toast, {{frame, "│ "}, {isFading ? TextStyle::dim : style, text + rest}, {frame, " │"}});
     };
     add(Keep::toast, {{frame, "╭" + repeated("─", inside + 2) + "╮"}});
-    addLine(TextStyle::bold, cut(wrapped(toast.title, inside, userText_), 1, inside).front());
-    for (const std::string& line : cut(wrapped(toast.message, inside, userText_), toastLines, inside)) {
+    addLine(TextStyle::bold, cut(wrapped(toast.title, inside, userText_, 2), 1, inside).front());
+    for (const std::string& line : cut(wrapped(toast.message, inside, userText_, toastLines + 1), toastLines, inside)) {
       addLine(TextStyle::plain, line);
     }
     add(Keep::toast, {{frame, "╰" + repeated("─", inside + 2) + "╯"}});
@@ -179,11 +179,12 @@ std::vector<TerminalLine> terminalLines(const TerminalScreen& screen, const Term
   return std::move(layout).fitted();
 }
 
-std::vector<std::string> wrapped(std::string_view text, std::size_t columns, const UserText& userText) {
+std::vector<std::string> wrapped(std::string_view text, std::size_t columns, const UserText& userText,
+                                 std::size_t most) {
   const std::string safe = printable(text);
   std::vector<std::string> lines{""};
   std::string_view rest = safe;
-  while (!rest.empty()) {
+  while (!rest.empty() && lines.size() <= most) {
     std::string_view word = rest.substr(0, rest.find(' '));
     rest.remove_prefix(std::min(word.size() + 1, rest.size()));
     const std::string longer = lines.back() + (lines.back().empty() ? "" : " ") + std::string(word);
@@ -193,7 +194,7 @@ std::vector<std::string> wrapped(std::string_view text, std::size_t columns, con
     }
     if (!lines.back().empty()) lines.emplace_back();
     // A word that no line has room for is broken anywhere; at least one character goes on each line.
-    while (userText.columns(word) > columns) {
+    while (lines.size() <= most) {
       std::string part = firstColumns(word, columns, userText);
       if (part.empty()) part = userText.firstCharacters(word, 1);
       word.remove_prefix(part.size());
@@ -201,8 +202,8 @@ std::vector<std::string> wrapped(std::string_view text, std::size_t columns, con
       if (word.empty()) break;
       lines.emplace_back();
     }
-    lines.back() += word;
   }
+  if (lines.size() > most) lines.resize(most);
   return lines;
 }
 

@@ -1,7 +1,10 @@
 #pragma once
 
+#include <cstddef>
+#include <limits>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "notify/banner_screen.h"
@@ -45,7 +48,9 @@ struct TerminalScreen {
 [[nodiscard]] std::vector<TerminalLine> terminalLines(const TerminalScreen& screen, const Terminal::Size& size,
                                                       const UserText& userText);
 
-/// A text as lines of at most so many columns, broken between words where that can be.
-[[nodiscard]] std::vector<std::string> wrapped(std::string_view text, std::size_t columns, const UserText& userText);
+/// A text as lines of at most so many columns, broken between words where that can be; the first of them when there would
+/// be more than `most`, so that a text of any length takes no longer than what is shown of it.
+[[nodiscard]] std::vector<std::string> wrapped(std::string_view text, std::size_t columns, const UserText& userText,
+                                               std::size_t most = std::numeric_limits<std::size_t>::max());
 
 }  // namespace quibbly

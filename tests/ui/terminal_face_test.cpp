@@ -111,11 +111,24 @@ TEST(TerminalLayout, shows_a_toast_of_one_line_of_title_and_four_of_message) {
             "♨ Mac Mood: \n");
 }
 
+TEST(TerminalLayout, takes_no_longer_for_a_text_without_end_than_for_what_is_shown_of_it) {
+  const std::string endless(std::size_t{1} << 19U, 'a');
+  for (const char* beginning : {"", "a few words, and then "}) {
+    PanelState state = fullState();
+    state.lastRoast->text = beginning + endless;
+    state.statusMessage = endless;
+    const TerminalScreen screen{.panel = panelContents(state), .toast = BannerView{endless, endless}};
+    EXPECT_EQ(terminalLines(screen, {.columns = 40, .rows = 24}, userText).size(), 24U);
+  }
+}
+
 TEST(TerminalLayout, breaks_lines_between_words_and_long_words_anywhere) {
   EXPECT_THAT(wrapped("one two", 7, userText), ElementsAre("one two"));
   EXPECT_THAT(wrapped("one two", 6, userText), ElementsAre("one", "two"));
   EXPECT_THAT(wrapped("a 漢字漢字 b", 5, userText), ElementsAre("a", "漢字", "漢字", "b"));
   EXPECT_THAT(wrapped("", 5, userText), ElementsAre(""));
+  EXPECT_THAT(wrapped("one two three", 5, userText, 2), ElementsAre("one", "two"));
+  EXPECT_THAT(wrapped("one two three", 5, userText, 3), ElementsAre("one", "two", "three"));
 }
 
 class Face : public ::testing::Test {
