@@ -2,20 +2,18 @@
 
 #include <functional>
 #include <utility>
-#include <vector>
 
 #include <QDialog>
 
 #include "ui/panel_contents.h"
 #include "ui/qt/widgets/floating_look.h"
 
-class QGridLayout;
 class QVBoxLayout;
 
 namespace quibbly {
 
 class CommandButton;
-class Label;
+class PanelBody;
 
 /// The panel of the tray icon.
 class MenuBarView : public QDialog {
@@ -58,26 +56,13 @@ class MenuBarView : public QDialog {
  private:
   void fit();
   [[nodiscard]] int roomAround() const;
-  void addBody();
-  void addRoast(QVBoxLayout& layout);
   void addCommands(const Commands& commands);
-  void showRows(const std::vector<PanelContents::Row>& rows);
-  void showFooter(const std::vector<PanelContents::FooterLine>& lines);
 
   Style style_;
   std::function<void()> resized_;
   FloatingLook look_;
   QVBoxLayout* outside_;
-  Label* heading_;
-  Label* collecting_;
-  QWidget* rows_;
-  QGridLayout* grid_;
-  std::vector<std::pair<Label*, Label*>> rowLabels_;
-  QWidget* roastArea_ = nullptr;
-  Label* roast_ = nullptr;
-  QVBoxLayout* footerLines_ = nullptr;
-  std::vector<Label*> footer_;
-  Label* status_;
+  PanelBody* body_;
   CommandButton* copy_ = nullptr;
 };
 
