@@ -1,6 +1,5 @@
 #include "display.h"
 
-#include <algorithm>
 #include <filesystem>
 #include <ranges>
 #include <string>
@@ -25,9 +24,12 @@ bool hasWayland() {
   const auto speaksWayland = [](const std::filesystem::directory_entry& plugin) {
     return plugin.path().filename().string().starts_with("libqwayland");
   };
-  const std::filesystem::directory_iterator platforms(plugins / "platforms", ignored);
-  return std::filesystem::is_socket(socket, ignored) &&
-         std::ranges::any_of(begin(platforms), end(platforms), speaksWayland);
+  if (!std::filesystem::is_socket(socket, ignored)) return false;
+  std::filesystem::directory_iterator platforms(plugins / "platforms", ignored);
+  for (; platforms != std::filesystem::directory_iterator(); platforms.increment(ignored)) {
+    if (speaksWayland(*platforms)) return true;
+  }
+  return false;
 }
 
 /// Without a platform when it is not there.

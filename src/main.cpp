@@ -29,8 +29,9 @@ std::expected<std::string, Complaint> outputOf(const CommandLine& request) {
     return PrefsCommand(request.prefs.group ? machine.groupPreferences() : machine.preferences()).run(request.prefs);
   }
   if (request.command == CommandLine::Command::autostart) {
-    std::error_code ignored;
-    const auto ownProgram = std::filesystem::read_symlink("/proc/self/exe", ignored);
+    std::error_code error;
+    const auto ownProgram = std::filesystem::read_symlink("/proc/self/exe", error);
+    if (error) return std::unexpected(Complaint{.line = "cannot tell where quibbly is: " + error.message()});
     return AutostartCommand(machine.files(), configHome(), ownProgram).run(request.startsAtLogin);
   }
   const PlaceholderRoastEngine engine(machine.clock(), machine.random());

@@ -1,5 +1,6 @@
 #include "run_application.h"
 
+#include <array>
 #include <memory>
 #include <string>
 #include <utility>
@@ -10,7 +11,6 @@
 #include "commands/complaint.h"
 #include "desktop_application.h"
 #include "display.h"
-#include "machine/environment.h"
 #include "machine/machine.h"
 #include "machine/session.h"
 #include "platform/linux/own_names.h"
@@ -97,16 +97,25 @@ void complainForQt(QtMsgType kind, const QMessageLogContext& /*context*/, const 
   if (kind != QtDebugMsg && kind != QtInfoMsg) complain(text.toStdString());
 }
 
+/// The command line as Qt reads it, which names the platform there: the environment is for the programs that quibbly starts,
+/// too. Must outlive the application.
+struct QtCommandLine {
+  QtCommandLine(char* program, std::string platformName) : platform(std::move(platformName)) { words[0] = program; }
+  QtCommandLine(const QtCommandLine&) = delete;
+  QtCommandLine& operator=(const QtCommandLine&) = delete;
+  ~QtCommandLine() = default;
+
+  std::string option = "-platform";
+  std::string platform;
+  std::array<char*, 4> words{nullptr, option.data(), platform.data(), nullptr};
+  int count = 3;
+};
+
 /// A desktop's program does without the terminal that it may have been started on.
-std::unique_ptr<QCoreApplication> newQApplication(int& argc, char** argv, const std::string& platform) {
+std::unique_ptr<QCoreApplication> newQApplication(QtCommandLine& line) {
   letThrough(terminalSignals);
-  constexpr const char* variable = "QT_QPA_PLATFORM";
-  const std::string before = environment(variable);
-  (void)qputenv(variable, platform.c_str());
   (void)qInstallMessageHandler(complainForQt);
-  auto application = std::make_unique<QApplication>(argc, argv);
-  // It is not meant for the programs that quibbly starts.
-  (void)(before.empty() ? qunsetenv(variable) : qputenv(variable, before.c_str()));
+  auto application = std::make_unique<QApplication>(line.count, line.words.data());
   QApplication::setQuitOnLastWindowClosed(false);
   QApplication::setDesktopFileName(ownDesktopId);
   return application;
@@ -120,11 +129,12 @@ int runApplication(int argc, char** argv, const CommandLine& request) {
   holdBack(endingSignals);
   holdBack(terminalSignals);
   QCoreApplication::setApplicationName("quibbly");
+  QtCommandLine line(*argv, display.platform);
   std::unique_ptr<QCoreApplication> application;
   if (display.platform.empty()) {
     application = std::make_unique<QCoreApplication>(argc, argv);
   } else {
-    application = newQApplication(argc, argv, display.platform);
+    application = newQApplication(line);
   }
   return Run(request, std::move(display)).untilTheEnd();
 }

@@ -117,6 +117,10 @@ std::unexpected<Complaint> unknownKey(const std::string& key) {
                 .line = "no preference is called '" + printable(key) + "'; 'quibbly prefs' lists those that are"});
 }
 
+std::unexpected<Complaint> unreadable(const std::error_code& error) {
+  return std::unexpected(Complaint{.line = "the preferences cannot be read: " + error.message()});
+}
+
 std::expected<std::string, Complaint> changed(const std::error_code& error) {
   if (error)
     return std::unexpected(
@@ -155,7 +159,9 @@ std::string PrefsCommand::list() {
 }
 
 std::expected<std::string, Complaint> PrefsCommand::show(const std::string& key) {
-  const auto value = store_.value(key);
+  const auto found = store_.read(key);
+  if (!found) return unreadable(found.error());
+  const std::optional<PreferenceValue>& value = *found;
   if (!value) return unknownKey(key);
   return shown(*value) + "\n";
 }
@@ -163,7 +169,9 @@ std::expected<std::string, Complaint> PrefsCommand::show(const std::string& key)
 std::expected<std::string, Complaint> PrefsCommand::set(const std::string& key, const std::string& text,
                                                         std::optional<Type> meant) {
   if (!meant) meant = knownTypeOf(key);
-  const auto before = store_.value(key);
+  const auto found = store_.read(key);
+  if (!found) return unreadable(found.error());
+  const std::optional<PreferenceValue>& before = *found;
   if (!meant && before && std::holds_alternative<Bytes>(*before)) {
     return std::unexpected(Complaint{
         .status = Complaint::badCommandLine,
@@ -181,7 +189,9 @@ std::expected<std::string, Complaint> PrefsCommand::set(const std::string& key, 
 }
 
 std::expected<std::string, Complaint> PrefsCommand::remove(const std::string& key) {
-  if (!store_.contains(key)) return unknownKey(key);
+  const auto found = store_.read(key);
+  if (!found) return unreadable(found.error());
+  if (!*found) return unknownKey(key);
   return changed(store_.remove(key));
 }
 

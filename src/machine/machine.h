@@ -14,7 +14,7 @@
 namespace quibbly {
 
 /// The services of the machine that the program runs on, and the monitor that asks them. Shared by the composition
-/// roots, it is the one place that chooses implementations.
+/// roots, it chooses their implementations.
 class Machine {
  public:
   Machine();

@@ -15,8 +15,8 @@
 
 namespace quibbly {
 
-/// The services of the user's session, which live on the main queue. Like `Machine`, it chooses implementations. Nothing is
-/// connected before it is used.
+/// The services of the user's session, which live on the main queue. Like `Machine`, it chooses implementations. Beyond the
+/// display that it is handed, nothing is connected before it is used.
 class Session {
  public:
   /// An icon of ours may be in the tray of this X display; without one, in none of X.

@@ -10,8 +10,9 @@ namespace quibbly {
 /// Keeps the program to one instance a user session, and hears what the desktop and later starts ask of it. Main thread.
 class SingleInstance {
  public:
-  /// What can be handed over at once; more than that is nothing that a user did. In bytes each.
+  /// What can be asked for at once, and within a second; more than that is nothing that a user did.
   static constexpr std::size_t mostUrls = 32;
+  /// In bytes; of the name of an action too.
   static constexpr std::size_t longestUrl = 4096;
 
   /// Called on later turns of the main queue, for as long as the instance is the one.

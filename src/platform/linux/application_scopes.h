@@ -15,7 +15,7 @@ namespace quibbly::linux_services {
 /// has such a unit.
 class ApplicationScopes final : public RunningApplications {
  public:
-  /// `root` is the root of the file system; `entries` is used on the thread of `read`.
+  /// `root` is the root of the file system; `entries` is used on the thread of `running`.
   ApplicationScopes(const std::filesystem::path& root, uid_t user, DesktopEntries& entries);
 
   [[nodiscard]] std::optional<ApplicationsReading> running() override;

@@ -1,9 +1,10 @@
 #include "platform/linux/dbus_single_instance.h"
 
+#include <algorithm>
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
-#include <memory>
 #include <utility>
 
 #include "platform/linux/own_names.h"
@@ -20,12 +21,21 @@ DBusSingleInstance& instance(void* self) { return *static_cast<DBusSingleInstanc
 
 int refuse(sd_bus_error* error, const char* why) { return sd_bus_error_set(error, SD_BUS_ERROR_INVALID_ARGS, why); }
 
-int answer(sd_bus_message* call, sd_bus_error* error, bool isPassed) {
-  return isPassed ? sd_bus_reply_method_return(call, nullptr) : refuse(error, "This start is not the first.");
+int answer(sd_bus_message* call, sd_bus_error* error, DBusSingleInstance::Fate fate) {
+  using Fate = DBusSingleInstance::Fate;
+  switch (fate) {
+    case Fate::passed:
+      return sd_bus_reply_method_return(call, nullptr);
+    case Fate::notTheFirst:
+      return refuse(error, "This start is not the first.");
+    case Fate::tooMany:
+      break;
+  }
+  return sd_bus_error_set(error, SD_BUS_ERROR_LIMITS_EXCEEDED, "Too many requests within a second.");
 }
 
 int activate(sd_bus_message* call, void* self, sd_bus_error* error) {
-  return answer(call, error, instance(self).pass([](const auto& requests) { requests.activate(); }));
+  return answer(call, error, instance(self).pass(1, [](const auto& requests) { requests.activate(); }));
 }
 
 int open(sd_bus_message* call, void* self, sd_bus_error* error) {
@@ -38,8 +48,9 @@ int open(sd_bus_message* call, void* self, sd_bus_error* error) {
     urls.emplace_back(url);
   }
   if (got < 0) return got;
-  const bool isPassed = instance(self).pass([urls = std::move(urls)](const auto& requests) { requests.open(urls); });
-  return answer(call, error, isPassed);
+  const std::size_t count = std::max<std::size_t>(urls.size(), 1);
+  return answer(call, error,
+                instance(self).pass(count, [urls = std::move(urls)](const auto& requests) { requests.open(urls); }));
 }
 
 int activateAction(sd_bus_message* call, void* self, sd_bus_error* error) {
@@ -47,9 +58,9 @@ int activateAction(sd_bus_message* call, void* self, sd_bus_error* error) {
   const int got = sd_bus_message_read_basic(call, 's', static_cast<void*>(&name));
   if (got < 0) return got;
   if (std::strlen(name) > SingleInstance::longestUrl) return refuse(error, "Too long a name of an action.");
-  const auto action = std::make_shared<const std::string>(name);
-  const bool isPassed = instance(self).pass([action](const auto& requests) { requests.action(*action); });
-  return answer(call, error, isPassed);
+  return answer(call, error, instance(self).pass(1, [action = std::string(name)](const auto& requests) {
+    requests.action(action);
+  }));
 }
 
 const sd_bus_vtable methods[] = {
@@ -97,10 +108,28 @@ void DBusSingleInstance::claim(Requests requests, std::vector<std::string> urls,
   }
 }
 
-bool DBusSingleInstance::pass(std::move_only_function<void(const Requests&)> request) {
-  if (!isFirst_) return false;
-  queue_.post(lifetime_.whileItLasts([this, request = std::move(request)]() mutable { request(requests_); }));
-  return true;
+DBusSingleInstance::Fate DBusSingleInstance::pass(std::size_t count,
+                                                  std::move_only_function<void(const Requests&)> request) {
+  const bool isEarly = answer_ != nullptr;
+  if (!isEarly && !isFirst_) return Fate::notTheFirst;
+  if (!allows(count)) return Fate::tooMany;
+  auto passed = lifetime_.whileItLasts([this, request = std::move(request)]() mutable { request(requests_); });
+  if (isEarly) {
+    early_.push_back(std::move(passed));
+  } else {
+    queue_.post(std::move(passed));
+  }
+  return Fate::passed;
+}
+
+bool DBusSingleInstance::allows(std::size_t count) {
+  const auto now = queue_.now();
+  if (now - askedSince_ >= std::chrono::seconds(1)) {
+    askedSince_ = now;
+    asked_ = 0;
+  }
+  asked_ += count;
+  return asked_ <= mostUrls;
 }
 
 void DBusSingleInstance::requestName() {
@@ -137,6 +166,9 @@ void DBusSingleInstance::handOver() {
 void DBusSingleInstance::settle(Place place) {
   isFirst_ = place == Place::first;
   std::exchange(answer_, nullptr)(place);
+  auto early = std::exchange(early_, {});
+  if (!isFirst_) return;
+  for (MainQueue::Work& request : early) queue_.post(std::move(request));
 }
 
 }  // namespace quibbly::linux_services

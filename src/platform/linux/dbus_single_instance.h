@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <string>
 #include <vector>
@@ -22,15 +23,19 @@ class DBusSingleInstance final : public SingleInstance {
 
   void claim(Requests requests, std::vector<std::string> urls, std::function<void(Place)> answer) override;
 
-  /// Hands a request of another program to the queue; false before the place is taken, when there is nobody to hear it. For
-  /// the functions that sd-bus calls.
-  [[nodiscard]] bool pass(std::move_only_function<void(const Requests&)> request);
+  /// What becomes of a request of another program.
+  enum class Fate { passed, notTheFirst, tooMany };
+  /// Hands a request to the queue; one that comes before the place is taken waits for that. It counts as so many. For the
+  /// functions that sd-bus calls.
+  [[nodiscard]] Fate pass(std::size_t count, std::move_only_function<void(const Requests&)> request);
 
  private:
   void requestName();
   void named(sd_bus_message* answer);
   void handOver();
   void settle(Place place);
+  /// Counts them; false when they are more than a user asks for in a second.
+  [[nodiscard]] bool allows(std::size_t count);
 
   MainQueue& queue_;
   SessionBus& bus_;
@@ -40,6 +45,11 @@ class DBusSingleInstance final : public SingleInstance {
   std::function<void(Place)> answer_;  // empty once it was answered
   bool isFirst_ = false;
   bool hasAsked_ = false;
+  /// What came before the place was taken: the bus starts a program for a request, and passes that on with the name.
+  std::vector<MainQueue::Work> early_;
+  /// How much was asked for in the second that began then.
+  std::size_t asked_ = 0;
+  ContinuousClock::time_point askedSince_{};
   std::vector<SessionBus::AttachmentId> attachments_;
   Lifetime lifetime_;
 };

@@ -4,7 +4,6 @@
 #include <ranges>
 #include <utility>
 
-#include "platform/linux/small_files.h"
 #include "platform/linux/text_encoding.h"
 #include "platform/linux/text_fields.h"
 

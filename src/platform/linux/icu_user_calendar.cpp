@@ -157,6 +157,7 @@ UserCalendar::Day IcuUserCalendar::day(Moment moment) const {
 
 UserCalendar::Moment IcuUserCalendar::startOfDay(Moment moment) const {
   const Calendar calendar = calendarAt(moment, locale_, hostZone());
+  if (!calendar) return moment;  // ICU has lost its data
   // Where the clock is set back over midnight, the day begins the first time.
   ucal_setAttribute(calendar.get(), UCAL_REPEATED_WALL_TIME, UCAL_WALLTIME_FIRST);
   for (const UCalendarDateFields part : {UCAL_HOUR_OF_DAY, UCAL_MINUTE, UCAL_SECOND, UCAL_MILLISECOND}) {

@@ -19,14 +19,18 @@ namespace {
 constexpr std::uint32_t hasCome = IN_CREATE | IN_MOVED_TO | IN_Q_OVERFLOW;
 constexpr std::uint32_t isOver = IN_DELETE_SELF | IN_MOVE_SELF | IN_UNMOUNT | IN_IGNORED;
 
-/// File systems on which others write too, without this kernel knowing.
-bool isShared(const std::filesystem::path& directory) {
+/// Whether only this kernel writes there, as far as is known: on a file system of a network, or of a virtual machine's host,
+/// others write too, and nobody tells of that.
+bool isLocal(const std::filesystem::path& directory) {
+  constexpr std::uint32_t jfs = 0x3153464a;
+  constexpr std::uint32_t zfs = 0x2fc12fc1;
+  constexpr std::uint32_t bcachefs = 0xca451a4e;
+  constexpr auto local = std::to_array<std::uint32_t>(
+      {EXT4_SUPER_MAGIC, XFS_SUPER_MAGIC, BTRFS_SUPER_MAGIC, F2FS_SUPER_MAGIC, TMPFS_MAGIC, RAMFS_MAGIC,
+       OVERLAYFS_SUPER_MAGIC, ECRYPTFS_SUPER_MAGIC, REISERFS_SUPER_MAGIC, NILFS_SUPER_MAGIC, jfs, zfs, bcachefs});
   struct statfs system{};
-  if (::statfs(directory.c_str(), &system) != 0) return true;
-  constexpr auto shared =
-      std::to_array<std::uint32_t>({NFS_SUPER_MAGIC, SMB_SUPER_MAGIC, SMB2_SUPER_MAGIC, CIFS_SUPER_MAGIC, V9FS_MAGIC,
-                                    AFS_SUPER_MAGIC, CODA_SUPER_MAGIC, CEPH_SUPER_MAGIC, FUSE_SUPER_MAGIC});
-  return std::ranges::find(shared, static_cast<std::uint32_t>(system.f_type)) != shared.end();
+  return ::statfs(directory.c_str(), &system) == 0 &&
+         std::ranges::find(local, static_cast<std::uint32_t>(system.f_type)) != local.end();
 }
 
 }  // namespace
@@ -49,7 +53,7 @@ bool InotifyWatch::canTell() {
   // Of a directory above it that is renamed nobody tells.
   if (descriptor_ && there == watched_) return true;
   close();
-  if (!changed_ || isShared(directory_)) return false;
+  if (!changed_ || !isLocal(directory_)) return false;
   FileDescriptor made(::inotify_init1(IN_NONBLOCK | IN_CLOEXEC));
   constexpr std::uint32_t events = IN_CREATE | IN_MOVED_TO | IN_DELETE_SELF | IN_MOVE_SELF | IN_ONLYDIR;
   if (!made || ::inotify_add_watch(made.get(), directory_.c_str(), events) < 0) return false;

@@ -8,8 +8,9 @@
 
 namespace quibbly::linux_services {
 
-/// The kernel's inotify. It cannot tell of what other machines do, so directories of file systems that are shared over a
-/// network are not watched. Main thread.
+/// The kernel's inotify. It cannot tell of what other machines do, so only directories of file systems that are known to be
+/// local are watched. Nor does it tell when a directory above is renamed, or when one is removed that somebody still has
+/// open: the next `canTell` finds that. Main thread.
 class InotifyWatch final : public DirectoryWatch {
  public:
   explicit InotifyWatch(MainQueue& queue) : queue_(queue) {}

@@ -18,21 +18,30 @@ std::error_code lastError() { return {errno, std::generic_category()}; }
 
 std::error_code made(std::errc error) { return std::make_error_code(error); }
 
-bool directoryExists(const std::filesystem::path& directory) {
+/// Whether it is there as a directory of this user's own.
+std::error_code lookAt(const std::filesystem::path& directory) {
   struct stat status{};
-  return ::stat(directory.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+  if (::stat(directory.c_str(), &status) != 0) return lastError();
+  if (!S_ISDIR(status.st_mode)) return made(std::errc::not_a_directory);
+  return status.st_uid == ::geteuid() ? std::error_code() : made(std::errc::permission_denied);
+}
+
+std::error_code make(const std::filesystem::path& directory) {
+  constexpr mode_t forTheUserAlone = 0700;
+  if (::mkdir(directory.c_str(), forTheUserAlone) == 0) return {};
+  // Another program may have been faster.
+  return errno == EEXIST ? lookAt(directory) : lastError();
 }
 
 }  // namespace
 
 std::error_code PosixFileSystem::createDirectories(const std::filesystem::path& directory) {
-  constexpr mode_t forTheUserAlone = 0700;
-  if (directoryExists(directory)) return {};
-  if (::mkdir(directory.c_str(), forTheUserAlone) == 0) return {};
-  if (errno == EEXIST) return directoryExists(directory) ? std::error_code() : made(std::errc::not_a_directory);
-  if (errno != ENOENT || !directory.has_relative_path()) return lastError();
-  if (const std::error_code error = createDirectories(directory.parent_path())) return error;
-  return ::mkdir(directory.c_str(), forTheUserAlone) == 0 || errno == EEXIST ? std::error_code() : lastError();
+  if (const std::error_code found = lookAt(directory); found != std::errc::no_such_file_or_directory) return found;
+  std::error_code error = make(directory);
+  if (error != std::errc::no_such_file_or_directory || !directory.has_relative_path()) return error;
+  // The one above is missing: one that is there may be another user's.
+  error = createDirectories(directory.parent_path());
+  return error ? error : make(directory);
 }
 
 std::expected<std::string, std::error_code> PosixFileSystem::read(const std::filesystem::path& file) {

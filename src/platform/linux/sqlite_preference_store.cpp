@@ -4,7 +4,9 @@
 #include <cstring>
 #include <fcntl.h>
 #include <future>
+#include <sys/stat.h>
 #include <system_error>
+#include <unistd.h>
 #include <utility>
 
 #include <sqlite3.h>
@@ -37,22 +39,32 @@ constexpr const char* startNewLog =
 
 constexpr int longLogPages = 1000;
 
-/// SQLite would make the file readable for everybody that the user's mask lets in; the files beside it take its mode. One
-/// that is there is not opened: closing it again would drop the locks that this process has on it by other connections.
+/// Whether it is a plain file of the user's own. It is not opened for that: closing it again would drop the locks that this
+/// process has on it by other connections.
+bool isOurs(const std::filesystem::path& file) {
+  struct stat status{};
+  return ::lstat(file.c_str(), &status) == 0 && S_ISREG(status.st_mode) && status.st_uid == ::geteuid();
+}
+
+/// SQLite would make the file readable for everybody that the user's mask lets in; the files beside it take its mode.
 bool makeFile(const std::filesystem::path& file) {
   constexpr mode_t forTheUserAlone = 0600;
   if (PosixFileSystem().createDirectories(file.parent_path())) return false;
   const FileDescriptor made(::open(file.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, forTheUserAlone));
-  return made || errno == EEXIST;
+  return made || (errno == EEXIST && isOurs(file));
 }
 
 PreferenceStore::Reading unreadable() { return std::unexpected(std::make_error_code(std::errc::io_error)); }
 
-/// Null when the file cannot be opened.
+/// Null when the file cannot be opened, or is a link. Links on the way to it, such as one to a home on another volume, are
+/// followed here: SQLite would refuse them too.
 Handle openHandle(const std::filesystem::path& file, std::chrono::milliseconds patience) {
+  std::error_code error;
+  const std::filesystem::path directory = std::filesystem::canonical(file.parent_path(), error);
+  if (error) return nullptr;
   sqlite3* opened = nullptr;
   const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOFOLLOW | SQLITE_OPEN_NOMUTEX;
-  const int status = sqlite3_open_v2(file.c_str(), &opened, flags, nullptr);
+  const int status = sqlite3_open_v2((directory / file.filename()).c_str(), &opened, flags, nullptr);
   Handle handle(opened);
   if (status != SQLITE_OK) return nullptr;
   sqlite3_busy_timeout(opened, static_cast<int>(patience.count()));

@@ -14,7 +14,7 @@ namespace quibbly::linux_services {
 /// The applications that have windows on an X display. Absent without a display, or without a window manager.
 class X11Applications final : public RunningApplications {
  public:
-  /// `display` as in the variable DISPLAY, empty when there is none; `entries` is used on the thread of `read`.
+  /// `display` as in the variable DISPLAY, empty when there is none; `entries` is used on the thread of `running`.
   /// A display that has not answered within `patience` hangs; one that works takes a thousandth of it.
   X11Applications(std::string display, DesktopEntries& entries,
                   std::chrono::milliseconds patience = std::chrono::seconds(2));

@@ -197,11 +197,25 @@ TEST_F(SqliteStore, that_is_no_database_is_unavailable_and_left_as_it_is) {
   EXPECT_EQ(content.str(), garbage);
 }
 
+TEST_F(SqliteStore, may_be_reached_by_a_link_as_homes_on_another_volume_are) {
+  std::filesystem::create_directories(tree_.root() / "volume/home");
+  tree_.link("home", tree_.root() / "volume/home");
+  EXPECT_EQ(SqlitePreferenceStore(tree_.root() / "home/quibbly/store.db").set("key", std::int64_t{1}),
+            std::error_code());
+  EXPECT_EQ(SqlitePreferenceStore(tree_.root() / "volume/home/quibbly/store.db").get<std::int64_t>("key"), 1);
+}
+
 TEST_F(SqliteStore, in_a_place_where_no_file_can_be_is_unavailable_and_never_waits) {
   tree_.fifo("quibbly/store.db");
   EXPECT_FALSE(SqlitePreferenceStore(file_).open());
   tree_.add("file", "");
   EXPECT_FALSE(SqlitePreferenceStore(tree_.root() / "file/store.db").open());
+  tree_.add("foreign.db", "");
+  std::filesystem::create_directory(tree_.root() / "foreign");
+  for (const auto& [foreign, file] : {std::pair{"foreign.db", "foreign.db"}, {"foreign", "foreign/store.db"}}) {
+    if (::chown((tree_.root() / foreign).c_str(), 65534, 65534) != 0) break;  // as root only
+    EXPECT_FALSE(SqlitePreferenceStore(tree_.root() / file).open()) << file;
+  }
   tree_.link("link.db", (tree_.root() / "target.db").string());
   EXPECT_FALSE(SqlitePreferenceStore(tree_.root() / "link.db").open());
   EXPECT_FALSE(std::filesystem::exists(tree_.root() / "target.db"));

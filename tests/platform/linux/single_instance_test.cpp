@@ -1,4 +1,6 @@
 #include <chrono>
+#include <functional>
+#include <unistd.h>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -41,10 +43,25 @@ class Instances : public ::testing::Test {
     return start.place.value_or(Place::refused);
   }
 
+  /// The name of the error that another program is given for a call; empty for none.
+  std::string answerTo(const char* method, const std::function<int(sd_bus_message*)>& append) {
+    const BusMessage call =
+        other_.newCall("org.quibbly.Quibbly", "/org/quibbly/Quibbly", "org.freedesktop.Application", method);
+    EXPECT_GE(append(call.get()), 0);
+    std::optional<std::string> error;
+    other_.call(call, [&](sd_bus_message* answer) {
+      const sd_bus_error* const failed = answer != nullptr ? sd_bus_message_get_error(answer) : nullptr;
+      error = answer == nullptr ? "no answer" : failed != nullptr ? failed->name : "";
+    });
+    EXPECT_TRUE(queue_.until([&] { return error.has_value(); }));
+    return error.value_or("nothing");
+  }
+
   fakes::FileTree files_;
   std::filesystem::path lock_ = files_.root() / "quibbly.lock";
   fakes::PrivateBus daemon_;
   fakes::ManualQueue queue_;
+  SessionBus other_{queue_, daemon_.address()};
 };
 
 TEST_F(Instances, a_later_start_hands_over_and_the_next_one_after_the_end_is_the_first_again) {
@@ -59,46 +76,72 @@ TEST_F(Instances, a_later_start_hands_over_and_the_next_one_after_the_end_is_the
   EXPECT_EQ(placeOf(Start(queue_, daemon_.address(), lock_)), Place::first);
 }
 
+using Append = std::function<int(sd_bus_message* call)>;
+
+int nothing(sd_bus_message* call) { return sd_bus_message_append(call, "a{sv}", 0); }
+Append urls(std::vector<std::string> opened) {
+  return [opened = std::move(opened)](sd_bus_message* call) {
+    sd_bus_message_open_container(call, 'a', "s");
+    for (const std::string& url : opened) sd_bus_message_append_basic(call, 's', url.c_str());
+    sd_bus_message_close_container(call);
+    return nothing(call);
+  };
+}
+Append action(std::string name) {
+  return [name = std::move(name)](auto* call) { return sd_bus_message_append(call, "sava{sv}", name.c_str(), 0, 0); };
+}
+
 TEST_F(Instances, answers_other_programs_and_refuses_what_no_user_did) {
   Start first(queue_, daemon_.address(), lock_);
   ASSERT_EQ(placeOf(first), Place::first);
-  SessionBus other(queue_, daemon_.address());
-  const auto answerTo = [&](const char* method, const auto& append) {
-    const BusMessage call =
-        other.newCall("org.quibbly.Quibbly", "/org/quibbly/Quibbly", "org.freedesktop.Application", method);
-    EXPECT_GE(append(call.get()), 0);
-    std::optional<std::string> error;
-    other.call(call, [&](sd_bus_message* answer) {
-      const sd_bus_error* const failed = answer ? sd_bus_message_get_error(answer) : nullptr;
-      error = answer == nullptr ? "no answer" : failed ? failed->name : "";
-    });
-    EXPECT_TRUE(queue_.until([&] { return error.has_value(); }));
-    return error.value_or("nothing");
-  };
-  EXPECT_EQ(
-      answerTo("ActivateAction", [](auto* call) { return sd_bus_message_append(call, "sava{sv}", "RoastMe", 0, 0); }),
-      "");
-  EXPECT_EQ(answerTo("Open", [](auto* call) { return sd_bus_message_append(call, "asa{sv}", 0, 0); }), "");
-  queue_.run();
-  EXPECT_THAT(first.asked, ElementsAre("action RoastMe"));
-  const std::string longText(5000, 'x');
-  for (const char* method : {"Open", "ActivateAction"}) {
-    EXPECT_NE(answerTo(method,
-                       [&](auto* call) {
-                         return std::string_view(method) == "Open"
-                                    ? sd_bus_message_append(call, "asa{sv}", 1, longText.c_str(), 0)
-                                    : sd_bus_message_append(call, "sava{sv}", longText.c_str(), 0, 0);
-                       }),
-              "")
-        << method;
-  }
-  EXPECT_NE(answerTo("Activate", [](auto* call) { return sd_bus_message_append(call, "s", "x"); }), "");
+  EXPECT_EQ(answerTo("ActivateAction", action("RoastMe")), "");
+  EXPECT_EQ(answerTo("Open", urls({})), "");
+  const std::string longText(SingleInstance::longestUrl + 1, 'x');
+  const std::pair<const char*, Append> refused[] = {
+      {"Open", urls({longText})},
+      {"Open", urls(std::vector<std::string>(SingleInstance::mostUrls + 1, "quibbly://roast"))},
+      {"ActivateAction", action(longText)},
+      {"Activate", [](auto* call) { return sd_bus_message_append(call, "s", "x"); }}};
+  for (const auto& [method, append] : refused) EXPECT_NE(answerTo(method, append), "") << method;
   queue_.run();
   EXPECT_THAT(first.asked, ElementsAre("action RoastMe"));
 }
 
+TEST_F(Instances, hears_so_much_a_second_and_no_more) {
+  Start first(queue_, daemon_.address(), lock_);
+  ASSERT_EQ(placeOf(first), Place::first);
+  const std::vector<std::string> half(SingleInstance::mostUrls / 2, "quibbly://roast");
+  for (unsigned second = 1; second <= 2; ++second) {
+    queue_.advance(1s);
+    for (const char* answer : {"", "", SD_BUS_ERROR_LIMITS_EXCEEDED}) EXPECT_EQ(answerTo("Open", urls(half)), answer);
+    EXPECT_EQ(answerTo("Activate", nothing), SD_BUS_ERROR_LIMITS_EXCEEDED);
+    queue_.run();
+    EXPECT_EQ(first.asked.size(), second * SingleInstance::mostUrls);
+  }
+}
+
+TEST_F(Instances, hears_what_the_bus_starts_it_for) {
+  daemon_.offer("org.quibbly.Quibbly", "/bin/sleep 5");
+  const fakes::BusPeer other(daemon_.address());
+  sd_bus_message* created = nullptr;
+  sd_bus_message_new_method_call(other.get(), &created, "org.quibbly.Quibbly", "/org/quibbly/Quibbly",
+                                 "org.freedesktop.Application", "Open");
+  const BusMessage call(created);
+  ASSERT_GE(urls({"quibbly://roast"})(created), 0);
+  ASSERT_GE(sd_bus_send(other.get(), created, nullptr), 0);
+  // What the bus answers now, it answers after it has read the call.
+  ASSERT_GE(sd_bus_call_method(other.get(), "org.freedesktop.DBus", "/", "org.freedesktop.DBus", "GetId", nullptr,
+                               nullptr, nullptr),
+            0);
+  Start started(queue_, daemon_.address(), lock_);
+  ASSERT_EQ(placeOf(started), Place::first);
+  EXPECT_TRUE(queue_.until([&] { return !started.asked.empty(); }));
+  EXPECT_THAT(started.asked, ElementsAre("quibbly://roast"));
+}
+
 TEST_F(Instances, without_a_bus_in_common_the_lock_keeps_the_second_out) {
   const std::string none = "unix:path=" + (files_.root() / "none").string();
+  lock_ = files_.root() / "new" / "directory" / "lock";
   const Start first(queue_, none, lock_);
   ASSERT_EQ(placeOf(first), Place::first);
   for (const std::string& address : {none, daemon_.address()}) {
@@ -106,14 +149,19 @@ TEST_F(Instances, without_a_bus_in_common_the_lock_keeps_the_second_out) {
   }
 }
 
-TEST_F(Instances, the_lock_makes_its_directory_and_is_done_without_where_none_can_be) {
+TEST_F(Instances, does_without_a_lock_where_no_file_of_its_own_can_be) {
   const std::string none = "unix:path=" + (files_.root() / "none").string();
-  const auto inNewDirectory = files_.root() / "new" / "directory" / "lock";
-  const Start first(queue_, none, inNewDirectory);
-  ASSERT_EQ(placeOf(first), Place::first);
-  EXPECT_EQ(placeOf(Start(queue_, none, inNewDirectory)), Place::refused);
   files_.add("file", "");
-  EXPECT_EQ(placeOf(Start(queue_, none, files_.root() / "file" / "lock")), Place::first);
+  files_.fifo("fifo");
+  files_.add("foreign", "");
+  constexpr uid_t somebodyElse = 65534;
+  const bool isRoot = ::chown((files_.root() / "foreign").c_str(), somebodyElse, somebodyElse) == 0;
+  for (const char* lock : {"file/lock", "fifo", "foreign"}) {
+    const Start first(queue_, none, files_.root() / lock);
+    EXPECT_EQ(placeOf(first), Place::first) << lock;
+    const bool isHeld = !isRoot && lock == std::string_view("foreign");
+    EXPECT_EQ(placeOf(Start(queue_, none, files_.root() / lock)), isHeld ? Place::refused : Place::first) << lock;
+  }
 }
 
 TEST_F(Instances, a_bus_that_hangs_is_given_up_on) {
