@@ -84,7 +84,7 @@ class AppModel : public std::enable_shared_from_this<AppModel> {
   /// The end of the pause in seconds since 1970-01-01 00:00 UTC. Not later than now, there is no pause.
   Observed<double> pauseUntilTimestamp{observers_, 0.0};
   /// Notifications a day of the user's calendar.
-  Observed<std::int64_t> dailyRoastLimit{observers_, 3};
+  Observed<std::int64_t> dailyRoastLimit{observers_, defaultDailyRoastLimit};
   Observed<std::int64_t> roastsSentToday{observers_, 0};
   Observed<bool> hideFromDock{observers_, false};
   // NOLINTEND(cppcoreguidelines-non-private-member-variables-in-classes)

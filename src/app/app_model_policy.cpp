@@ -10,11 +10,8 @@
 #include "shared/epoch_seconds.h"
 
 namespace quibbly {
-namespace {
 
 using namespace std::chrono_literals;
-
-}  // namespace
 
 void AppModel::reloadPolicyFromDefaults() {
   pauseUntilTimestamp = services_.defaults.get<double>(preference_keys::pauseRoastsUntil).value_or(0.0);

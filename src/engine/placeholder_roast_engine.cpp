@@ -4,7 +4,6 @@
 #include <functional>
 #include <numeric>
 #include <random>
-#include <utility>
 
 #include "engine/template_values.h"
 

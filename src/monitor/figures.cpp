@@ -1,7 +1,6 @@
 #include "monitor/figures.h"
 
 #include <algorithm>
-#include <cmath>
 
 #include "records/units.h"
 

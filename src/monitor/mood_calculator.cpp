@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <span>
 
 #include "monitor/piece_wise.h"
 #include "records/units.h"

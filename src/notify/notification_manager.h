@@ -4,7 +4,6 @@
 #include <expected>
 #include <map>
 #include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>

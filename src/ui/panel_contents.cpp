@@ -1,7 +1,5 @@
 #include "ui/panel_contents.h"
 
-#include <utility>
-
 #include "app/app_model.h"
 #include "records/units.h"
 

@@ -1,7 +1,6 @@
 #include "ui/qt/about_view.h"
 
 #include <QEvent>
-#include <QFontMetricsF>
 #include <QLinearGradient>
 #include <QPainter>
 #include <QStyle>

@@ -1,7 +1,6 @@
 #include "ui/qt/symbol.h"
 
 #include <QPainter>
-#include <QTransform>
 
 #include "ui/qt/artwork.h"
 #include "ui/qt/widgets/drawn_icon.h"

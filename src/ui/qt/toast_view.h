@@ -7,8 +7,6 @@
 
 namespace quibbly {
 
-class Label;
-
 /// The toast as a window: without frame, above everything, on all workspaces; it never takes the keyboard.
 class ToastView : public QDialog {
  public:

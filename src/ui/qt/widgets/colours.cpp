@@ -1,6 +1,5 @@
 #include "ui/qt/widgets/colours.h"
 
-#include <algorithm>
 #include <array>
 
 #include <QApplication>

@@ -1,6 +1,5 @@
 #include "ui/qt/widgets/label.h"
 
-#include <QApplication>
 #include <QEvent>
 
 namespace quibbly {
