@@ -129,6 +129,8 @@ class AppModel : public std::enable_shared_from_this<AppModel> {
 
  private:
   // app_model_lifecycle.cpp
+  /// Has it end with its next step, if it runs.
+  static void end(std::optional<TaskHandle>& loop);
   static Task<> samplingLoop(std::weak_ptr<AppModel> weakModel);
   [[nodiscard]] Task<> startUpRefresh();
   [[nodiscard]] Task<SystemSnapshot> captureSnapshot();

@@ -17,11 +17,6 @@ using namespace std::chrono_literals;
 
 constexpr auto betweenSamples = 15s;
 
-void cancel(std::optional<TaskHandle>& task) {
-  if (task) task->cancel();
-  task.reset();
-}
-
 }  // namespace
 
 std::shared_ptr<AppModel> AppModel::create(const Services& services) {
@@ -64,10 +59,15 @@ void AppModel::start() {
 
 void AppModel::stop() {
   isMonitoring = false;
-  cancel(pollTask_);
+  end(pollTask_);
   endLookingIntoMailboxes();
-  cancel(randomRoastTask_);
+  end(randomRoastTask_);
   endObservingWidgetRoastRequests();
+}
+
+void AppModel::end(std::optional<TaskHandle>& loop) {
+  if (loop) loop->cancel();
+  loop.reset();
 }
 
 Task<> AppModel::samplingLoop(std::weak_ptr<AppModel> weakModel) {

@@ -6,11 +6,6 @@
 #include "app/app_url.h"
 
 namespace quibbly {
-namespace {
-
-constexpr const char* notificationTitle = "Your Mac would like a word";
-
-}  // namespace
 
 /// A request while one is under way is dropped. The guard is held until the widgets were reloaded for the last time, which
 /// takes seconds; the notification comes after that.
@@ -45,7 +40,7 @@ LastRoast AppModel::makeRoast(const SystemSnapshot& snapshot) {
 Task<> AppModel::announce(LastRoast roast) {
   using Kind = NotificationPostError::Kind;
   const NotificationManager::Posted posted =
-      co_await services_.notifications.postRoast(notificationTitle, roast.text, roast.category);
+      co_await services_.notifications.postRoast(LastRoast::title, roast.text, roast.category);
   if (posted) {
     statusMessage = notifiedStatus();
   } else if (posted.error().kind() == Kind::denied) {

@@ -6,8 +6,7 @@
 namespace quibbly {
 
 void AppModel::restartRandomRoastLoop() {
-  if (randomRoastTask_) randomRoastTask_->cancel();
-  randomRoastTask_.reset();
+  end(randomRoastTask_);
   if (randomRoastInterval == RandomRoastInterval::off) return;
   const std::chrono::minutes period(rawValue<RandomRoastInterval>(randomRoastInterval));
   randomRoastTask_ = launch(services_.queue, randomRoastLoop(weak_from_this(), period));

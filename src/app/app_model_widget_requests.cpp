@@ -29,8 +29,7 @@ void AppModel::beginLookingIntoMailboxes() {
 
 void AppModel::endLookingIntoMailboxes() {
   services_.mailboxWatch.end();
-  if (requestPollTask_) requestPollTask_->cancel();
-  requestPollTask_.reset();
+  end(requestPollTask_);
 }
 
 void AppModel::launchRequestLoop() {

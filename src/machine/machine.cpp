@@ -11,6 +11,7 @@
 #include "platform/linux/application_scopes.h"
 #include "platform/linux/boot_clock_uptime.h"
 #include "platform/linux/desktop_entries.h"
+#include "platform/linux/home_directory.h"
 #include "platform/linux/icu_user_calendar.h"
 #include "platform/linux/icu_user_text.h"
 #include "platform/linux/kernel_random.h"

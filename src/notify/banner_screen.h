@@ -20,6 +20,10 @@ struct BannerView {
 
 /// A place on the screen in device-independent pixels, from the upper left corner of the desktop.
 struct BannerFrame {
+  /// Of every toast.
+  static constexpr int toastWidth = 400;
+  static constexpr int toastHeight = 110;
+
   int x = 0;
   int y = 0;
   int width = 0;

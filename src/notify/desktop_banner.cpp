@@ -7,13 +7,14 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr int width = 400;
-constexpr int height = 110;
 constexpr int belowTheTop = 10;
 constexpr auto fade = 250ms;
 
 BannerFrame frameWithin(const BannerFrame& visible) {
-  return {.x = visible.x + (visible.width - width) / 2, .y = visible.y + belowTheTop, .width = width, .height = height};
+  return {.x = visible.x + (visible.width - BannerFrame::toastWidth) / 2,
+          .y = visible.y + belowTheTop,
+          .width = BannerFrame::toastWidth,
+          .height = BannerFrame::toastHeight};
 }
 
 }  // namespace

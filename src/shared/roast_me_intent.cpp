@@ -10,7 +10,6 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr const char* notificationTitle = "Your Mac would like a word";
 constexpr auto delays = std::to_array<std::chrono::milliseconds>({0ms, 100ms, 350ms, 800ms, 1500ms});
 
 /// What a machine of which nothing was published yet is taken to be.
@@ -36,7 +35,7 @@ Task<LastRoast> RoastMeIntent::perform() {
   figures.mood = roast.mood;
   figures.capturedAt = clock_.now();
   store_.publish(roast, figures);
-  notifications_.enqueue(notificationTitle, roast.text, roast.category);
+  notifications_.enqueue(LastRoast::title, roast.text, roast.category);
   co_await hardReload();
   co_return roast;
 }

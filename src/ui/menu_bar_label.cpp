@@ -2,6 +2,12 @@
 
 namespace quibbly {
 
+MenuBarLabel MenuBarLabel::of(const PanelState& state) {
+  MenuBarLabel label{.mood = state.mood, .thermal = std::nullopt};
+  if (state.latestSnapshot) label.thermal = state.latestSnapshot->thermalState;
+  return label;
+}
+
 MenuBarLabel::Symbol MenuBarLabel::symbol() const {
   // Heat outdoes every mood.
   if (thermal == RoastThermalState::serious || thermal == RoastThermalState::critical) return Symbol::flameFill;

@@ -5,6 +5,7 @@
 
 #include "records/mac_mood.h"
 #include "records/roast_thermal_state.h"
+#include "ui/panel_contents.h"
 
 namespace quibbly {
 
@@ -16,6 +17,7 @@ struct MenuBarLabel {
   /// Absent before the first sample.
   std::optional<RoastThermalState> thermal;
 
+  [[nodiscard]] static MenuBarLabel of(const PanelState& state);
   [[nodiscard]] Symbol symbol() const;
   [[nodiscard]] std::string accessibilityLabel() const;
 };

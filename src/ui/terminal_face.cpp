@@ -29,12 +29,6 @@ std::string_view sequence(TextStyle style, bool usesColours) {
   return "";
 }
 
-MenuBarLabel::Symbol symbolOf(const PanelState& state) {
-  MenuBarLabel label{.mood = state.mood, .thermal = std::nullopt};
-  if (state.latestSnapshot) label.thermal = state.latestSnapshot->thermalState;
-  return label.symbol();
-}
-
 bool isEnabled(const TerminalFace::Command& command) { return !command.isEnabled || command.isEnabled(); }
 
 std::string plainText(const TerminalLine& line) {
@@ -85,7 +79,7 @@ void TerminalFace::show() {
 
 void TerminalFace::draw(const PanelState& state) {
   const Terminal::Size size = ports_.terminal.size();
-  TerminalScreen screen{.panel = panelContents(state), .symbol = symbolOf(state)};
+  TerminalScreen screen{.panel = panelContents(state), .symbol = MenuBarLabel::of(state).symbol()};
   if (const auto* const toast = ports_.toasts.current()) {
     screen.toast = toast->view;
     screen.toastIsFading = toast->isFading;
@@ -113,7 +107,7 @@ void TerminalFace::printNews(const PanelState& state) {
     if (news) text += printable(*news) + "\n";
   };
   if (!printed_) {
-    const TerminalScreen screen{.panel = panelContents(state), .symbol = symbolOf(state)};
+    const TerminalScreen screen{.panel = panelContents(state), .symbol = MenuBarLabel::of(state).symbol()};
     for (const TerminalLine& line : terminalLines(screen, {.columns = 80, .rows = asLongAsItIs}, ports_.userText)) {
       text += plainText(line) + "\n";
     }

@@ -53,9 +53,9 @@ class Album {
 
 void takePictures(const Album& album) {
   MenuBarView panel(MenuBarView::Style::panel, Surface::translucent, {});
-  panel.update(panelContents({.dailyRoastLimit = 3}));
+  panel.present(panelContents({.dailyRoastLimit = 3}));
   album.add(panel, "panel-empty");
-  panel.update(panelContents(busyState()));
+  panel.present(panelContents(busyState()));
   album.add(panel, "panel");
 
   ToastView toast({.title = "Your Mac would like a word", .message = busyState().lastRoast->text},
@@ -66,14 +66,14 @@ void takePictures(const Album& album) {
   fakes::ApplicationHome home(tree.root() / "group");
   home.launchApp();
   DashboardView dashboard({.title = "quibbly Dashboard", .atFirst = {560, 760}, .smallest = {520, 400}}, [] {}, {});
-  dashboard.update(dashboardContents(busyState(), shortTime));
+  dashboard.present(dashboardContents(busyState(), shortTime));
   album.add(dashboard, "dashboard");
 
   SettingsForm form(*home.app->appModel, home.kept, home.notifications, home.group.storage);
   SettingsView settings(*home.app->appModel, form, {});
   form.appeared();
   home.queue.run();
-  settings.update();
+  settings.present();
   settings.resize(500, 1560);
   album.add(settings, "settings");
 }
@@ -111,13 +111,13 @@ void takeLongPictures(const Album& album) {
     state.lastRoast->text += "Somewhere a tab is essential; the rest are vibes. ";
   state.pauseStatusText = "Paused until Donnerstag, der 17. September 2026 um 23:00 Uhr Mitteleuropäischer Sommerzeit";
   MenuBarView panel(MenuBarView::Style::panel, Surface::translucent, {});
-  panel.update(panelContents(state));
+  panel.present(panelContents(state));
   album.add(panel, "panel-long");
   ToastView toast({.title = state.lastRoast->text, .message = state.lastRoast->text}, Surface::translucent);
   album.add(toast, "toast-long");
   state = busyState();
   state.pauseStatusText = "Paused until ١٧ نوفمبر ٢٠٢٦، ١٢:٠٠ ص";
-  panel.update(panelContents(state));
+  panel.present(panelContents(state));
   album.add(panel, "panel-right-to-left-date");
 }
 

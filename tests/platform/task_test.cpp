@@ -83,18 +83,6 @@ TEST_F(Tasks, start_on_the_queue_and_give_results_to_whoever_awaits_them) {
   EXPECT_THAT(notes_, ElementsAre("6"));
 }
 
-TEST_F(Tasks, a_sleep_ends_at_its_deadline_and_equal_ones_end_in_the_order_they_began) {
-  launch(queue_, sleeper("a", 2s));
-  launch(queue_, sleeper("b", 1s));
-  launch(queue_, sleeper("c", 2s));
-  queue_.advance(1s - 1ns);
-  EXPECT_THAT(notes_, ElementsAre());
-  queue_.advance(1ns);
-  EXPECT_THAT(notes_, ElementsAre("b woke"));
-  queue_.advance(1s);
-  EXPECT_THAT(notes_, ElementsAre("b woke", "a woke", "c woke"));
-}
-
 TEST_F(Tasks, cancelling_wakes_the_sleep_at_the_end_of_a_chain_and_ends_later_ones_at_once) {
   const TaskHandle handle = launch(queue_, twoSteps());
   queue_.advance(500ms);
@@ -111,16 +99,6 @@ TEST_F(Tasks, a_task_cancelled_before_it_starts_runs_without_sleeping) {
   EXPECT_THAT(notes_, ElementsAre("first cancelled", "second cancelled"));
 }
 
-TEST_F(Tasks, a_loop_makes_one_pass_after_a_long_jump_of_the_clock_and_ends_when_cancelled) {
-  const TaskHandle handle = launch(queue_, loop("pass"));
-  queue_.run();
-  queue_.jump(1h);
-  EXPECT_THAT(notes_, ElementsAre("pass", "pass"));
-  handle.cancel();
-  queue_.run();
-  EXPECT_THAT(notes_, ElementsAre("pass", "pass", "pass gone"));
-}
-
 TEST_F(Tasks, dropping_the_queue_destroys_tasks_wherever_they_stand) {
   {
     fakes::ManualQueue dying;
@@ -130,37 +108,6 @@ TEST_F(Tasks, dropping_the_queue_destroys_tasks_wherever_they_stand) {
     launch(dying, loop("never started"));
   }
   EXPECT_THAT(notes_, ElementsAre("asleep", "asleep gone", "awaiting gone"));
-}
-
-/// Something with a loop that must not keep it alive.
-class Owner : public std::enable_shared_from_this<Owner> {
- public:
-  explicit Owner(Notes& notes) : notes_(notes) {}
-  Owner(const Owner&) = delete;
-  Owner& operator=(const Owner&) = delete;
-  ~Owner() { loop_.cancel(); }
-  void start(MainQueue& queue) { loop_ = launch(queue, run(weak_from_this(), notes_)); }
-
- private:
-  static Task<> run(std::weak_ptr<Owner> owner, Notes& notes) {
-    while (!co_await isCancelled()) {
-      if (const auto alive = owner.lock()) alive->notes_.push_back("pass");
-      co_await sleepFor(1s);
-    }
-    notes.push_back("ended");
-  }
-
-  Notes& notes_;
-  TaskHandle loop_;
-};
-
-TEST_F(Tasks, a_loop_whose_owner_dies_in_its_sleep_ends_without_another_pass) {
-  auto owner = std::make_shared<Owner>(notes_);
-  owner->start(queue_);
-  queue_.run();
-  owner.reset();
-  queue_.advance(1h);
-  EXPECT_THAT(notes_, ElementsAre("pass", "ended"));
 }
 
 TEST_F(Tasks, an_answer_resumes_on_the_queue_and_only_the_first_counts) {

@@ -1,16 +1,14 @@
 #pragma once
 
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
 #include <functional>
-#include <sstream>
 #include <string>
 #include <unistd.h>
 #include <utility>
 
 #include <gtest/gtest.h>
 
+#include "fakes/file_tree.h"
 #include "fakes/manual_queue.h"
 #include "fakes/notification_server.h"
 #include "fakes/private_bus.h"
@@ -18,12 +16,6 @@
 #include "fakes/published_home.h"
 
 namespace quibbly::fakes {
-
-inline std::string contentOf(const std::filesystem::path& file) {
-  std::ostringstream content;
-  content << std::ifstream(file).rdbuf();
-  return content.str();
-}
 
 /// A session of its own: a home that was used before, a bus, a desktop with notifications.
 class ApplicationSession : public ::testing::Test {

@@ -1,5 +1,6 @@
 // The built application on a display, with the trays that desktops have.
 
+#include <algorithm>
 #include <optional>
 
 #include <gmock/gmock.h>
@@ -152,6 +153,7 @@ TEST_F(Desktop, ends_with_its_display_and_says_so) {
   screen_.kill();
   EXPECT_EQ(application.wait(), 1);
   EXPECT_THAT(output(), StartsWith("quibbly: The X11 connection broke"));
+  EXPECT_EQ(std::ranges::count(output(), '\n'), 1) << output();
 }
 
 TEST_F(Desktop, is_used_whole_by_a_screen_reader) {

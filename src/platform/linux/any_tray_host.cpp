@@ -13,8 +13,7 @@ constexpr const char* watcherPath = "/StatusNotifierWatcher";
 
 bool hasHost(sd_bus_message* answer) {
   int registered = 0;
-  const bool isTold = answer != nullptr && sd_bus_message_is_method_error(answer, nullptr) == 0 &&
-                      sd_bus_message_enter_container(answer, SD_BUS_TYPE_VARIANT, "b") > 0 &&
+  const bool isTold = isReply(answer) && sd_bus_message_enter_container(answer, SD_BUS_TYPE_VARIANT, "b") > 0 &&
                       sd_bus_message_read_basic(answer, SD_BUS_TYPE_BOOLEAN, &registered) > 0;
   return isTold && registered != 0;
 }

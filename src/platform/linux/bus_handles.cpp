@@ -23,4 +23,8 @@ Bus openBus(const std::string& address, int (*openUsual)(sd_bus**)) {
 Bus openSystemBus(const std::string& address) { return openBus(address, &sd_bus_open_system); }
 Bus openSessionBus(const std::string& address) { return openBus(address, &sd_bus_open_user); }
 
+bool isReply(sd_bus_message* answer) {
+  return answer != nullptr && sd_bus_message_is_method_error(answer, nullptr) == 0;
+}
+
 }  // namespace quibbly::linux_services

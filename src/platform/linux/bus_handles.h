@@ -30,4 +30,7 @@ using BusEvents = std::unique_ptr<sd_event, DropEvents>;
 [[nodiscard]] Bus openSystemBus(const std::string& address);
 [[nodiscard]] Bus openSessionBus(const std::string& address);
 
+/// Whether it is an answer, and none that tells of an error.
+[[nodiscard]] bool isReply(sd_bus_message* answer);
+
 }  // namespace quibbly::linux_services

@@ -13,8 +13,8 @@ namespace {
 /// The name by which a server calls itself; empty when it answers anything else.
 std::string nameIn(sd_bus_message* information) {
   const char* name = nullptr;
-  const bool isInformation = sd_bus_message_is_method_error(information, nullptr) == 0 &&
-                             sd_bus_message_read_basic(information, 's', static_cast<void*>(&name)) > 0;
+  const bool isInformation =
+      isReply(information) && sd_bus_message_read_basic(information, 's', static_cast<void*>(&name)) > 0;
   return isInformation ? name : "";
 }
 

@@ -158,8 +158,7 @@ void DBusSingleInstance::handOver() {
   const bool made = call && (urls_.empty() || appendUrls(call, urls_)) && appendNoPlatformData(call) >= 0;
   if (!made) call.reset();
   bus_.call(call, lifetime_.whileItLasts([this](sd_bus_message* answer) {
-    const bool taken = answer != nullptr && sd_bus_message_is_method_error(answer, nullptr) == 0;
-    settle(taken ? Place::handedOver : Place::refused);
+    settle(isReply(answer) ? Place::handedOver : Place::refused);
   }));
 }
 

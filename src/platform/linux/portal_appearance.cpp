@@ -50,8 +50,7 @@ void PortalAppearance::ask(bool mayStartIt) {
     (void)sd_bus_message_append(question.get(), "ss", appearance, colourScheme);
   }
   bus_.call(question, lifetime_.whileItLasts([this](sd_bus_message* answer) {
-    const bool isAnswer = answer != nullptr && sd_bus_message_is_method_error(answer, nullptr) == 0;
-    if (isAnswer) changed_(appearanceIn(answer));
+    if (isReply(answer)) changed_(appearanceIn(answer));
   }));
 }
 

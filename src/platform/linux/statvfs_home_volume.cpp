@@ -1,30 +1,11 @@
 #include "platform/linux/statvfs_home_volume.h"
 
-#include <array>
 #include <cerrno>
 #include <cstdint>
-#include <cstdlib>
-#include <pwd.h>
-#include <unistd.h>
 #include <utility>
 
 namespace quibbly::linux_services {
 namespace {
-
-std::optional<std::filesystem::path> absolutePath(const char* path) {
-  if (path == nullptr || path[0] != '/') return std::nullopt;
-  return path;
-}
-
-std::optional<std::filesystem::path> passwordDatabaseHome() {
-  std::array<char, 16384> strings{};
-  struct passwd entry{};
-  struct passwd* found = nullptr;
-  if (::getpwuid_r(::getuid(), &entry, strings.data(), strings.size(), &found) != 0 || found == nullptr) {
-    return std::nullopt;
-  }
-  return absolutePath(entry.pw_dir);
-}
 
 std::optional<std::uint64_t> bytes(std::uint64_t blocks, std::uint64_t blockSize) {
   std::uint64_t product = 0;
@@ -33,11 +14,6 @@ std::optional<std::uint64_t> bytes(std::uint64_t blocks, std::uint64_t blockSize
 }
 
 }  // namespace
-
-std::filesystem::path homeDirectory() {
-  if (auto home = absolutePath(std::getenv("HOME"))) return *home;
-  return passwordDatabaseHome().value_or("/");
-}
 
 VolumeCapacity volumeCapacity(const struct statvfs& volume) {
   if (volume.f_blocks == 0) return {};

@@ -8,9 +8,6 @@
 
 namespace quibbly::linux_services {
 
-/// The user's home directory: $HOME when that is an absolute path, else what the password database says, else "/".
-[[nodiscard]] std::filesystem::path homeDirectory();
-
 /// Sizes from a volume's block counts. What only the superuser may fill is not available. A volume that counts no blocks
 /// tells nothing, and more available than there is does not count as an answer.
 [[nodiscard]] VolumeCapacity volumeCapacity(const struct statvfs& volume);

@@ -74,7 +74,7 @@ void DashboardView::changeEvent(QEvent* event) {
 
 void DashboardView::keyPressEvent(QKeyEvent* event) { event->ignore(); }
 
-void DashboardView::update(const DashboardContents& contents) {
+void DashboardView::present(const DashboardContents& contents) {
   today_->showValues(texts(contents.today));
   roast_->setTextIfChanged(qtText(contents.roast ? *contents.roast : DashboardContents::noRoast));
   const int around = contents.roast ? aroundTheRoast : 0;

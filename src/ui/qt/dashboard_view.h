@@ -25,7 +25,7 @@ class DashboardView : public QDialog {
   /// `roast` is what the button in the title's row does. The window is in the middle of the screen at first.
   DashboardView(const Frame& frame, const std::function<void()>& roast, const ProgramVersion& version);
 
-  void update(const DashboardContents& contents);
+  void present(const DashboardContents& contents);
 
  protected:
   void changeEvent(QEvent* event) override;

@@ -76,9 +76,9 @@ void DesktopFace::changed() {
 void DesktopFace::update() {
   menuBarExtra_.update();
   for (DashboardView* const view : {launchDashboard_.get(), dashboardWindow_.window()}) {
-    if (view != nullptr && view->isVisible()) view->update(dashboardContents(PanelState::of(model_), shortTime));
+    if (view != nullptr && view->isVisible()) view->present(dashboardContents(PanelState::of(model_), shortTime));
   }
-  if (settings_ && settings_->isVisible()) settings_->update();
+  if (settings_ && settings_->isVisible()) settings_->present();
 }
 
 }  // namespace quibbly

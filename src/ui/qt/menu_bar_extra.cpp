@@ -77,7 +77,7 @@ void MenuBarExtra::openPanel() {
 
 void MenuBarExtra::showPanel() {
   MenuBarView& opened = panel();
-  opened.update(panelContents(ports_.state()));
+  opened.present(panelContents(ports_.state()));
   placePanel();
   isOpening_ = true;
   ports_.application.show(opened);
@@ -86,7 +86,7 @@ void MenuBarExtra::showPanel() {
 /// Nobody asked for it: whoever has the keyboard keeps it.
 void MenuBarExtra::showWindow() {
   MenuBarView& window = panel();
-  window.update(panelContents(ports_.state()));
+  window.present(panelContents(ports_.state()));
   isOpening_ = true;
   window.setAttribute(Qt::WA_ShowWithoutActivating);
   window.show();
@@ -132,11 +132,8 @@ void MenuBarExtra::dropPanel() {
 
 void MenuBarExtra::update() {
   const PanelState state = ports_.state();
-  if (icon_) {
-    const auto& sample = state.latestSnapshot;
-    icon_->show({.mood = state.mood, .thermal = sample ? std::optional(sample->thermalState) : std::nullopt});
-  }
-  if (panel_ && panel_->isVisible()) panel_->update(panelContents(state));
+  if (icon_) icon_->show(MenuBarLabel::of(state));
+  if (panel_ && panel_->isVisible()) panel_->present(panelContents(state));
 }
 
 bool MenuBarExtra::eventFilter(QObject* /*panel*/, QEvent* event) {

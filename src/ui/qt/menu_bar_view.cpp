@@ -66,7 +66,7 @@ void MenuBarView::addCommands(const Commands& commands) {
   add(command_titles::quit, QKeySequence("Ctrl+Q"), commands.quit);
 }
 
-void MenuBarView::update(const PanelContents& contents) {
+void MenuBarView::present(const PanelContents& contents) {
   body_->show(contents);
   copy_->setEnabled(contents.roast.has_value());
   fit();

@@ -36,7 +36,7 @@ class MenuBarView : public QDialog {
   [[nodiscard]] Surface surface() const { return look_.surface(); }
 
   /// Shows what changed, and leaves alone what did not: a selection in the roast stays.
-  void update(const PanelContents& contents);
+  void present(const PanelContents& contents);
   /// Called when the panel has another size.
   void onResize(std::function<void()> resized) { resized_ = std::move(resized); }
   /// Without the shadow around it.

@@ -157,7 +157,7 @@ void SettingsView::addButton(FormSection& section, const char* title, const std:
   section.addControl(button);
 }
 
-void SettingsView::update() {
+void SettingsView::present() {
   intensity_->setCurrentIndex(static_cast<int>(indexOf(form_.intensity())));
   harsh_->setChecked(form_.allowHarshLanguage());
   appNames_->setChecked(form_.includeAppNames());

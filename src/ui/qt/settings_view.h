@@ -24,7 +24,7 @@ class SettingsView : public QDialog {
   SettingsView(AppModel& model, SettingsForm& form, const ProgramVersion& version);
 
   /// Shows what the model and the form hold now.
-  void update();
+  void present();
 
  protected:
   void changeEvent(QEvent* event) override;

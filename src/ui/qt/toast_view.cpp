@@ -16,8 +16,6 @@
 namespace quibbly {
 namespace {
 
-constexpr int toastWidth = 400;
-constexpr int toastHeight = 110;
 constexpr int padding = 16;
 constexpr int besideSymbol = 12;
 constexpr int aboveSymbol = 2;
@@ -57,7 +55,7 @@ ToastView::ToastView(const BannerView& view, Surface surface)
     : QDialog(nullptr, Qt::Tool | Qt::FramelessWindowHint | Qt::BypassWindowManagerHint | Qt::WindowStaysOnTopHint |
                            Qt::WindowDoesNotAcceptFocus | Qt::NoDropShadowWindowHint),
       look_(radius, shadow, surface),
-      frame_{.width = toastWidth, .height = toastHeight} {
+      frame_{.width = BannerFrame::toastWidth, .height = BannerFrame::toastHeight} {
   setWindowTitle(qtText(view.title));
   setAccessibleName(qtText(view.title + ". " + view.message));
   setAttribute(Qt::WA_ShowWithoutActivating);
@@ -69,7 +67,7 @@ ToastView::ToastView(const BannerView& view, Surface surface)
   row->addWidget(flame, 0, Qt::AlignTop);
   auto* const texts = new QVBoxLayout;
   texts->setSpacing(betweenTexts);
-  const int textWidth = toastWidth - 2 * padding - besideSymbol - flame->width();
+  const int textWidth = BannerFrame::toastWidth - 2 * padding - besideSymbol - flame->width();
   texts->addWidget(textOf(view.title, FontRole::headline, Colour::primary, textWidth, mostTitleLines));
   texts->addWidget(textOf(view.message, FontRole::subheadline, Colour::secondary, textWidth, mostMessageLines));
   row->addLayout(texts, 1);

@@ -8,7 +8,6 @@
 namespace quibbly::linux_services {
 namespace {
 
-using testing::IsEmpty;
 using testing::UnorderedElementsAre;
 
 class Scopes : public testing::Test {

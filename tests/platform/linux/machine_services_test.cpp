@@ -7,6 +7,7 @@
 #include "gmock/gmock.h"
 
 #include "fakes/file_tree.h"
+#include "platform/linux/home_directory.h"
 #include "platform/linux/kernel_random.h"
 #include "platform/linux/platform_profile.h"
 #include "platform/linux/statvfs_home_volume.h"

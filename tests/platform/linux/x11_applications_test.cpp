@@ -1,8 +1,5 @@
 #include "platform/linux/x11_applications.h"
 
-#include <cstdlib>
-#include <memory>
-
 #include "gmock/gmock.h"
 #include "gtest/gtest.h"
 #include <xcb/xcb.h>
@@ -10,30 +7,28 @@
 #include "fakes/file_tree.h"
 #include "fakes/x_server.h"
 #include "platform/linux/x11_windows.h"
+#include "platform/x11/x11_handles.h"
 
 namespace quibbly::linux_services {
 namespace {
 
-using testing::SizeIs;
 using testing::UnorderedElementsAre;
 
 /// A real display, of which the test is the window manager and all programs.
 class X11 : public testing::Test {
  protected:
   void SetUp() override {
-    if (!server_.installed()) GTEST_SKIP() << "Xvfb is not installed";
-    ASSERT_NE(server_.display(), "") << "Xvfb did not start";
+    ASSERT_TRUE(server_.installed()) << "Xvfb is needed";
+    display_ = x11::connectTo(server_.display());
+    ASSERT_TRUE(display_) << "Xvfb did not start";
   }
 
   xcb_atom_t atom(const std::string& name) {
-    const auto cookie = xcb_intern_atom(connection(), 0, static_cast<std::uint16_t>(name.size()), name.data());
-    const std::unique_ptr<xcb_intern_atom_reply_t, void (*)(void*)> reply(
-        xcb_intern_atom_reply(connection(), cookie, nullptr), &std::free);
-    return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
+    return x11::atomOf(display_.get(), x11::requestAtom(display_.get(), name));
   }
 
   void set(xcb_window_t window, const char* property, xcb_atom_t type, const std::vector<std::uint32_t>& values) {
-    xcb_change_property(connection(), XCB_PROP_MODE_REPLACE, window, atom(property), type, 32,
+    xcb_change_property(display_.get(), XCB_PROP_MODE_REPLACE, window, atom(property), type, 32,
                         static_cast<std::uint32_t>(values.size()), values.data());
   }
   void setOnRoot(const char* property, const std::vector<xcb_window_t>& windows) {
@@ -42,10 +37,10 @@ class X11 : public testing::Test {
 
   xcb_window_t open(const std::string& instance, const std::string& className, std::uint32_t process,
                     const char* property = "_TEST_NONE", const char* value = "_TEST_NONE") {
-    const xcb_window_t window = xcb_generate_id(connection());
-    xcb_create_window(connection(), 0, window, root(), 0, 0, 8, 8, 0, XCB_WINDOW_CLASS_INPUT_ONLY, 0, 0, nullptr);
+    const xcb_window_t window = xcb_generate_id(display_.get());
+    xcb_create_window(display_.get(), 0, window, root(), 0, 0, 8, 8, 0, XCB_WINDOW_CLASS_INPUT_ONLY, 0, 0, nullptr);
     const std::string windowClass = instance + '\0' + className + '\0';
-    xcb_change_property(connection(), XCB_PROP_MODE_REPLACE, window, XCB_ATOM_WM_CLASS, XCB_ATOM_STRING, 8,
+    xcb_change_property(display_.get(), XCB_PROP_MODE_REPLACE, window, XCB_ATOM_WM_CLASS, XCB_ATOM_STRING, 8,
                         static_cast<std::uint32_t>(windowClass.size()), windowClass.data());
     set(window, "_NET_WM_PID", XCB_ATOM_CARDINAL, {process});
     set(window, property, XCB_ATOM_ATOM, {atom(value)});
@@ -53,7 +48,7 @@ class X11 : public testing::Test {
   }
   xcb_window_t openAndClose() {
     const auto window = open("gone", "Gone", 70'000);
-    xcb_destroy_window(connection(), window);
+    xcb_destroy_window(display_.get(), window);
     return window;
   }
 
@@ -68,13 +63,9 @@ class X11 : public testing::Test {
   const fakes::XServer server_;
 
  private:
-  xcb_connection_t* connection() {
-    if (!connection_) connection_.reset(xcb_connect(server_.display().c_str(), nullptr));
-    return connection_.get();
-  }
-  xcb_window_t root() { return xcb_setup_roots_iterator(xcb_get_setup(connection())).data->root; }
+  xcb_window_t root() { return x11::rootOf(display_.get(), display_.screen).value(); }
 
-  std::unique_ptr<xcb_connection_t, void (*)(xcb_connection_t*)> connection_{nullptr, &xcb_disconnect};
+  x11::XDisplay display_;
 };
 
 TEST_F(X11, the_managed_windows_tell_what_runs) {

@@ -97,7 +97,7 @@ TEST_F(DesktopViews, a_selection_in_the_roast_stays_while_the_figures_change_and
                      .openSettings = note('s'),
                      .quit = note('q')});
   PanelState state{.lastRoast = LastRoast{.text = "A roast of several words."}, .dailyRoastLimit = 3};
-  panel.update(panelContents(state));
+  panel.present(panelContents(state));
   panel.show();
   auto* const roast = panel.findChild<QLabel*>("roast");
   ASSERT_NE(roast, nullptr);
@@ -105,7 +105,7 @@ TEST_F(DesktopViews, a_selection_in_the_roast_stays_while_the_figures_change_and
   const int before = panel.height();
   state.roastsSentToday = 2;
   state.statusMessage = "Another status, which makes the panel higher.";
-  panel.update(panelContents(state));
+  panel.present(panelContents(state));
   EXPECT_EQ(roast->selectedText(), "roast");
   EXPECT_GT(panel.height(), before);
   for (auto* const button : panel.findChildren<QAbstractButton*>()) button->click();
@@ -117,7 +117,7 @@ TEST_F(DesktopViews, an_open_panel_grows_with_the_font_of_the_desktop) {
   WindowedApplication application(queue);
   MenuBarView panel(MenuBarView::Style::panel, Surface::opaque, {});
   application.add(panel);
-  panel.update(panelContents({.lastRoast = LastRoast{.text = "A roast of several words."}, .dailyRoastLimit = 3}));
+  panel.present(panelContents({.lastRoast = LastRoast{.text = "A roast of several words."}, .dailyRoastLimit = 3}));
   panel.show();
   const int before = panel.height();
   const QFont font = QApplication::font();
