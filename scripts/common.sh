@@ -1,10 +1,11 @@
-# Shared by ./run, ./test, bench/run and .ci/run: what must be installed, and how a preset is built.
+# Shared by ./run, ./test, bench/run, scripts/fuzz and .ci/run: what must be installed, and how a preset is built.
 
 build_packages="g++ cmake ninja-build pkg-config nlohmann-json3-dev libcli11-dev libxcb1-dev libxcb-shape0-dev libicu-dev libsqlite3-dev libsystemd-dev qt6-base-dev"
 test_packages="libgtest-dev libgmock-dev xvfb openbox dbus at-spi2-core"
 bench_packages="libbenchmark-dev dbus xvfb"
 package_packages="dpkg-dev file lintian desktop-file-utils appstream"
-lint_packages="git clang-19 libclang-rt-19-dev clang-format-19 clang-tidy-19"
+fuzz_packages="clang-19 libclang-rt-19-dev"
+lint_packages="git clang-19 clang-format-19 clang-tidy-19"
 
 say() { printf '%s\n' "$*" >&2; }
 
