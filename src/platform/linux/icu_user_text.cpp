@@ -28,6 +28,12 @@ icu::UnicodeString unicode(std::string_view text) {
 constexpr UChar32 zeroWidthJoiner = 0x200D;
 constexpr UChar32 asEmoji = 0xFE0F;  // the variation selector behind a character that is also a plain sign
 
+/// Whether the selector makes an emoji, two columns wide, of the sign before it. Behind anything else it shows nothing, and
+/// may even begin a character of its own.
+bool makesEmoji(UChar32 selector, UChar32 before) {
+  return selector == asEmoji && u_hasBinaryProperty(before, UCHAR_EMOJI) != 0;
+}
+
 /// The columns of a character that stands alone.
 std::size_t columnsOf(UChar32 character) {
   if ((U_GET_GC_MASK(character) & (U_GC_MN_MASK | U_GC_ME_MASK | U_GC_CF_MASK)) != 0) return 0;
@@ -80,7 +86,7 @@ std::size_t IcuUserText::columns(std::string_view text) const {
   UChar32 before = 0;
   for (std::int32_t i = 0; i < characters.length(); i = characters.moveIndex32(i, 1)) {
     const UChar32 character = characters.char32At(i);
-    if (character == asEmoji && last == 1) ++columns;
+    if (last == 1 && makesEmoji(character, before)) ++columns;
     if (before != zeroWidthJoiner) columns += last = columnsOf(character);
     before = character;
   }

@@ -27,5 +27,13 @@ TEST(IcuUserTextTest, counts_characters_as_people_do) {
   EXPECT_EQ(text.firstCharacters("a\xff\x62\x63", 3), "a\xff\x62");
 }
 
+TEST(IcuUserTextTest, a_sign_takes_two_columns_as_an_emoji_and_a_text_none_that_its_characters_do_not_take) {
+  const IcuUserText text;
+  for (const auto& [shown, columns] : std::initializer_list<std::pair<const char*, std::size_t>>{
+           {"♥", 1}, {"♥\uFE0F", 2}, {"a\uFE0F", 1}, {"\uFFF0\uFE0F", 1}, {"\uFE0F", 0}, {"👩\u200D♥\uFE0F", 2}}) {
+    EXPECT_EQ(text.columns(shown), columns) << shown;
+  }
+}
+
 }  // namespace
 }  // namespace quibbly::linux_services
