@@ -35,8 +35,8 @@ class Program {
   [[nodiscard]] bool isOpen() const { return desk_.isOpen(); }
   [[nodiscard]] sd_bus* others() const { return desk_.others(); }
 
-  /// How many requests the call came to.
-  int requestsAfter(sd_bus_message* call) {
+  /// Sends the call, and tells whether the program was asked for something by it.
+  bool isRequest(sd_bus_message* call) {
     int answers = 0;
     std::string error;
     auto told = std::tie(answers, error);
@@ -50,12 +50,13 @@ class Program {
     constexpr std::uint64_t never = UINT64_MAX;
     requests_ = 0;
     // Nobody can send what breaks the rules of the bus, such as texts that are no UTF-8.
-    if (sd_bus_call_async(others(), &slot, call, take, &told, never) < 0) return 0;
+    if (sd_bus_call_async(others(), &slot, call, take, &told, never) < 0) return false;
     const BusSlot waiting(slot);
     desk_.run();
     demand(!isOpen() || answers == 1, "a call has one answer");
     demand(error.empty() || requests_ == 0, "what is refused asks for nothing");
-    return requests_;
+    demand(requests_ <= 1, "a call is one request at the most");
+    return requests_ == 1;
   }
 
  private:
@@ -87,11 +88,11 @@ struct Method {
 constexpr auto methods =
     std::to_array<Method>({{"Activate", "a{sv}"}, {"Open", "asa{sv}"}, {"ActivateAction", "sava{sv}"}});
 
-/// Null when there can be no such call. The interface is quibbly's own unless the member's name has one before it.
+/// Null when there can be no such call.
 BusMessage callOf(sd_bus* bus, const std::string& interface, const std::string& member) {
   sd_bus_message* made = nullptr;
   const bool isCall =
-      sd_bus_message_new_method_call(bus, &made, nullptr, ownObjectPath, interface.c_str(), member.c_str()) >= 0;
+      sd_bus_message_new_method_call(bus, &made, Desk::quibbly, ownObjectPath, interface.c_str(), member.c_str()) >= 0;
   return BusMessage(isCall ? made : nullptr);
 }
 
@@ -102,8 +103,12 @@ void tryInput(std::string_view input) {
   if (!program || !program->isOpen()) {
     program.reset();  // before the next takes its place
     program = std::make_unique<Program>();
+    const BusMessage start = callOf(program->others(), std::string(ownInterface), "Activate");
+    Bytes nothing("");
+    demand(append(start.get(), "a{sv}", nothing) && program->isRequest(start.get()), "the program hears others");
   }
   Bytes bytes(input);
+  // The interface is quibbly's own unless the member's name has another before it.
   const std::string name = bytes.text();
   const std::string types = bytes.text();
   const auto dot = name.rfind('.');
@@ -115,8 +120,7 @@ void tryInput(std::string_view input) {
   const auto isThis = [&](const Method& method) {
     return interface == ownInterface && member == method.name && types == method.types;
   };
-  const int most = std::ranges::any_of(methods, isThis) ? 1 : 0;
-  demand(program->requestsAfter(call.get()) <= most, "a call of our interface is one request, any other is none");
+  demand(!program->isRequest(call.get()) || std::ranges::any_of(methods, isThis), "nothing else asks for anything");
 }
 
 }  // namespace quibbly::fuzz

@@ -10,15 +10,18 @@ constexpr int deepest = 8;
 
 /// The first type of the list with all that is inside it; empty when there is none that is whole.
 std::string_view firstType(std::string_view types) {
-  std::size_t end = std::min(types.find_first_not_of('a'), types.size());
-  int open = 0;
-  do {
-    if (end == types.size()) return {};
-    open += types[end] == '(' || types[end] == '{' ? 1 : 0;
-    open -= types[end] == ')' || types[end] == '}' ? 1 : 0;
-    ++end;
-  } while (open > 0);
-  return types.substr(0, end);
+  std::string closing;
+  for (std::size_t i = 0; i < types.size(); ++i) {
+    const char type = types[i];
+    if (type == '(' || type == '{') {
+      closing += type == '(' ? ')' : '}';
+    } else if (type == ')' || type == '}') {
+      if (closing.empty() || closing.back() != type || types[i - 1] == '(' || types[i - 1] == 'a') return {};
+      closing.pop_back();
+    }
+    if (closing.empty() && type != 'a') return types.substr(0, i + 1);
+  }
+  return {};
 }
 
 bool appendInside(sd_bus_message* message, char kind, std::string_view inside, std::size_t times, Bytes& values,

@@ -28,7 +28,7 @@ struct Published {
   AppGroupStore store{storage, preferences, clock, random, userText};
 
   /// An empty one is not there.
-  void put(std::string_view file, std::string_view content) {
+  void put(std::string_view file, std::string_view content) const {
     if (!content.empty()) demand(!storage.writeText(content, file), "a file can be written");
   }
   void set(const char* key, PreferenceValue value) {

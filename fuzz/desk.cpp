@@ -1,5 +1,6 @@
 #include "fuzz/desk.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <string_view>
 #include <sys/socket.h>
@@ -20,7 +21,8 @@ int listenAt(const std::string& name) {
   sockaddr_un address{.sun_family = AF_UNIX, .sun_path = {}};
   name.copy(address.sun_path + 1, sizeof address.sun_path - 1);
   const auto size = static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + 1 + name.size());
-  demand(::bind(listener, reinterpret_cast<const sockaddr*>(&address), size) == 0 && ::listen(listener, 4) == 0,
+  demand(listener >= 0 && ::bind(listener, reinterpret_cast<const sockaddr*>(&address), size) == 0 &&
+             ::listen(listener, 4) == 0,
          "there is a socket");
   return listener;
 }
@@ -28,7 +30,7 @@ int listenAt(const std::string& name) {
 /// What a bus says to those who come, take a name and ask for signals.
 int answerAsBus(sd_bus_message* call) {
   const std::string_view member = sd_bus_message_get_member(call);
-  if (member == "Hello") return sd_bus_reply_method_return(call, "s", ":1.1");
+  if (member == "Hello") return sd_bus_reply_method_return(call, "s", Desk::quibbly);
   if (member == "RequestName") return sd_bus_reply_method_return(call, "u", 1U);
   return sd_bus_reply_method_return(call, "");
 }

@@ -14,6 +14,9 @@ class Desk {
   /// Answers a call of quibbly's; the bus itself answers those to org.freedesktop.DBus.
   using Answer = std::function<void(sd_bus_message* call)>;
 
+  /// What the bus calls the connection that quibbly makes.
+  static constexpr const char* quibbly = ":1.1";
+
   explicit Desk(Answer answer);
   Desk(const Desk&) = delete;
   Desk& operator=(const Desk&) = delete;

@@ -3,14 +3,14 @@
 #include <algorithm>
 #include <charconv>
 #include <cstdint>
-#include <cstdio>
 #include <cstdlib>
+#include <iostream>
 
 namespace quibbly::fuzz {
 
 void demand(bool holds, const char* promise) {
   if (holds) return;
-  std::fprintf(stderr, "Broken promise: %s\n", promise);
+  std::cerr << "Broken promise: " << promise << '\n';
   std::abort();
 }
 

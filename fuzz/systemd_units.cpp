@@ -1,8 +1,5 @@
 #include "platform/linux/systemd_units.h"
 
-#include <array>
-#include <cstdio>
-
 #include "fuzz/fuzzer.h"
 
 namespace quibbly::fuzz {
@@ -10,11 +7,11 @@ namespace {
 
 /// As systemd escapes what is no letter and no digit, and more of it.
 std::string escaped(std::string_view id) {
+  constexpr std::string_view digits = "0123456789abcdef";
   std::string text;
   for (const char c : id) {
-    std::array<char, 8> byte{};
-    std::snprintf(byte.data(), byte.size(), "\\x%02x", static_cast<unsigned>(static_cast<unsigned char>(c)));
-    text += byte.data();
+    const auto byte = static_cast<unsigned char>(c);
+    text += {'\\', 'x', digits[byte / digits.size()], digits[byte % digits.size()]};
   }
   return text;
 }

@@ -37,7 +37,14 @@ void tryUserText(std::string_view text) {
     demand(userText.firstCharacters(first, count) == first, "the first characters are no more than were asked for");
     demand(count == 0 || text.empty() || !first.empty(), "a text has a first character");
   }
-  demand(userText.columns(text) <= 2 * text.size(), "a character has two columns at the most");
+  const std::string shown = printable(text);
+  std::size_t columns = 0;
+  for (std::string_view rest = shown; !rest.empty();) {
+    const std::string character = userText.firstCharacters(rest, 1);
+    columns += userText.columns(character);
+    rest.remove_prefix(character.size());
+  }
+  demand(userText.columns(shown) <= columns, "a text is no wider than its characters");
   demand(userText.comparable("\t" + std::string(text) + "\n") == userText.comparable(text),
          "white space is no difference");
 }
