@@ -1,8 +1,10 @@
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "fakes/file_tree.h"
@@ -12,7 +14,8 @@
 #include "platform/linux/dbus_single_instance.h"
 #include "platform/linux/own_names.h"
 
-/// What any program of the session may call at quibbly's own object: "ActivateAction\nsava{sv}\n" and the arguments' values.
+/// What any program of the session may call at quibbly's own object: "ActivateAction\nsava{sv}\n" and the values of the
+/// arguments.
 namespace quibbly::fuzz {
 namespace {
 

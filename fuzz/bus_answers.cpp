@@ -8,8 +8,8 @@
 #include "platform/linux/portal_appearance.h"
 #include "platform/linux/text_encoding.h"
 
-/// What notification servers and portals answer. Each answer is a line, "org.example.Error\nmessage" or the types of its
-/// arguments, and then their values.
+/// What notification servers and portals answer. Each answer is "org.example.Error\nmessage\n", or a line of its
+/// arguments' types and then their values.
 namespace quibbly::fuzz {
 namespace {
 

@@ -20,8 +20,8 @@ class Bytes {
   std::string_view rest_;
 };
 
-/// Appends arguments of these types, with values from the bytes; false when the types or a value are none, and the message
-/// is not to be sent.
+/// Appends arguments of these types, with values from the bytes; false when the types or a value are none, and the
+/// message is not to be sent.
 [[nodiscard]] bool append(sd_bus_message* message, std::string_view types, Bytes& values, int depth = 0);
 
 }  // namespace quibbly::fuzz

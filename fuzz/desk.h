@@ -8,7 +8,8 @@
 
 namespace quibbly::fuzz {
 
-/// A session's bus and all who are on it, in the fuzzer's own process: the other end of the connection that quibbly makes.
+/// A session's bus and all who are on it, in the fuzzer's own process: the other end of the connection that quibbly
+/// makes.
 class Desk {
  public:
   /// Answers a call of quibbly's; the bus itself answers those to org.freedesktop.DBus.

@@ -4,8 +4,8 @@
 #include <string_view>
 #include <vector>
 
-/// What the fuzzers have in common. Each is one program, which is given bytes without end and fails when one of them crashes
-/// it, takes long, leaks, or breaks a promise that a header makes.
+/// What the fuzzers have in common. Each is one program, which is given one input after the other and fails when one of
+/// them crashes it, takes long, leaks, or breaks a promise that a header makes.
 namespace quibbly::fuzz {
 
 /// Tries one input; each fuzzer has its own.

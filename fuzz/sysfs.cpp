@@ -2,6 +2,7 @@
 #include <filesystem>
 #include <ranges>
 #include <string>
+#include <tuple>
 
 #include "fakes/file_tree.h"
 #include "fuzz/fuzzer.h"
@@ -11,7 +12,8 @@
 #include "platform/linux/thermal_readings.h"
 #include "platform/linux/thermal_sensors.h"
 
-/// A machine's /sys, each line of the input a file: "class/hwmon/hwmon0/name: coretemp". Without a colon it is a directory.
+/// A machine's /sys, each line of the input a file, "class/hwmon/hwmon0/name: coretemp", or a directory when it has no
+/// colon.
 namespace quibbly::fuzz {
 namespace {
 
