@@ -3,6 +3,7 @@
 #include <array>
 #include <memory>
 #include <string>
+#include <unistd.h>
 #include <utility>
 
 #include <QApplication>
@@ -92,9 +93,11 @@ class Run {
   std::unique_ptr<FacedApplication> application_;
 };
 
-/// Such as that the display is gone, after which Qt ends the program.
+/// When the display is gone, these are Qt's last words. Xlib would say the same once more in its own.
 void complainForQt(QtMsgType kind, const QMessageLogContext& /*context*/, const QString& text) {
-  if (kind != QtDebugMsg && kind != QtInfoMsg) complain(text.toStdString());
+  if (kind == QtDebugMsg || kind == QtInfoMsg) return;
+  complain(text.toStdString());
+  if (text.startsWith("The X11 connection broke")) ::_exit(Complaint::failed);
 }
 
 /// The command line as Qt reads it, which names the platform there: the environment is for the programs that quibbly starts,

@@ -16,7 +16,7 @@ class Lifecycle : public AppTest {
 
 class WithoutContainer : public Lifecycle {
  protected:
-  WithoutContainer() : Lifecycle(false) {}
+  WithoutContainer() : Lifecycle(nullptr, std::filesystem::temp_directory_path(), false) {}
 };
 
 TEST_F(Lifecycle, begins_with_what_is_stored) {
@@ -102,18 +102,6 @@ TEST_F(Lifecycle, figures_are_published_before_there_is_any_roast) {
   }
 }
 
-TEST_F(Lifecycle, looks_into_the_mailboxes_every_400_milliseconds_where_nothing_can_be_watched) {
-  home_.launchApp().start();
-  advance(10s);
-  std::filesystem::remove_all(*home_.group.container.url());
-  advance(4s);
-  leaveRequest();
-  advance(400ms - 1ns);
-  EXPECT_TRUE(home_.group.storage.readText("roastRequest.json"));
-  advance(1ns);
-  EXPECT_FALSE(home_.group.storage.readText("roastRequest.json"));
-}
-
 TEST_F(Lifecycle, stops_and_starts_afresh) {
   home_.launchApp().start();
   advance(10s);
@@ -124,17 +112,12 @@ TEST_F(Lifecycle, stops_and_starts_afresh) {
   home_.crossProcess.post(RoastRequestQueue::darwinName);
   advance(1h);
   EXPECT_EQ(home_.machine.taken, taken);
-  EXPECT_TRUE(home_.group.storage.readText("roastRequest.json")) << "nobody looks";
+  EXPECT_TRUE(requestIsLeft()) << "nobody looks";
   EXPECT_EQ(status(), "Fresh roast ready.");
 
   model().start();
   run();
-  EXPECT_FALSE(home_.group.storage.readText("roastRequest.json"));
-  advance(reloads);
-  leaveRequest();
-  home_.crossProcess.post(RoastRequestQueue::darwinName);
-  run();
-  EXPECT_EQ(roastsMade(), 3U) << "hears the notification again";
+  EXPECT_FALSE(requestIsLeft());
 }
 
 TEST_F(Lifecycle, goes_when_nobody_holds_it_any_more_while_its_loops_sleep) {

@@ -7,11 +7,7 @@ using namespace std::chrono_literals;
 
 class Schedule : public AppTest {
  protected:
-  Schedule() {
-    home_.group.store.publish(LastRoast{.text = "Published."}, {});
-    home_.launchApp().start();
-    advance(reloads);
-  }
+  Schedule() { startPublished(); }
   void choose(RandomRoastInterval interval) {
     model().randomRoastInterval = interval;
     model().restartRandomRoastLoop();
@@ -33,19 +29,6 @@ TEST_F(Schedule, the_first_roast_comes_one_whole_period_after_a_restart) {
     EXPECT_EQ(roastsMade(), ++made) << period.count();
     advance(reloads);
   }
-}
-
-TEST_F(Schedule, announces_until_the_limit_and_goes_on_saying_so) {
-  choose(RandomRoastInterval::fiveMinutes);
-  for (const char* expected : {"Desktop toast + notification (1/3 today).", "Desktop toast + notification (2/3 today).",
-                               "Desktop toast + notification (3/3 today).", "Daily roast limit reached (3/3)."}) {
-    advance(5min + reloads);
-    EXPECT_EQ(status(), expected);
-  }
-  model().setDailyRoastLimit(0);
-  advance(5min + reloads);
-  EXPECT_EQ(status(), "Daily roast limit is 0.");
-  EXPECT_EQ(roastsMade(), 3U);
 }
 
 TEST_F(Schedule, a_pause_of_an_hour_is_told_once_a_minute_and_then_over) {

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <chrono>
+#include <memory>
 #include <string>
+#include <utility>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -13,11 +15,22 @@
 
 namespace quibbly {
 
-/// A test of the application: its model on a moved clock at 10:00 in London, with notifications allowed.
-class AppTest : public ::testing::Test {
- protected:
-  explicit AppTest(bool withContainer = true)
-      : home_(withContainer ? std::optional(tree_.root() / "group") : std::nullopt) {}
+/// The application on a moved clock, at first 10:00 in London, with notifications allowed.
+class TestedApplication {
+ public:
+  explicit TestedApplication(std::unique_ptr<DirectoryWatch> watch = nullptr,
+                             const std::filesystem::path& in = std::filesystem::temp_directory_path(),
+                             bool withContainer = true)
+      : tree_(in), home_(withContainer ? std::optional(tree_.root() / "group") : std::nullopt, std::move(watch)) {}
+
+  /// Starts with a roast on the widgets, so that it makes none by itself.
+  void startPublished() {
+    home_.group.store.publish(LastRoast{.text = "Published."}, {});
+    home_.launchApp().start();
+    advance(reloads);
+    model().lastRoast = std::nullopt;
+    model().statusMessage = std::nullopt;
+  }
 
   AppModel& model() { return *home_.app->appModel; }
   std::string status() { return model().statusMessage->value_or("no status"); }
@@ -34,6 +47,7 @@ class AppTest : public ::testing::Test {
     ASSERT_FALSE(home_.group.storage.write(RoastRequest{.createdAt = home_.group.clock.now(), .source = "widget"},
                                            "roastRequest.json"));
   }
+  bool requestIsLeft() { return home_.group.storage.readText("roastRequest.json").has_value(); }
   void leaveNotification(const std::string& body) { home_.pending.enqueue("Title", body, "ram"); }
   std::vector<std::string> announced() {
     std::vector<std::string> bodies;
@@ -46,6 +60,11 @@ class AppTest : public ::testing::Test {
 
   fakes::FileTree tree_;
   fakes::ApplicationHome home_;
+};
+
+class AppTest : public ::testing::Test, protected TestedApplication {
+ protected:
+  using TestedApplication::TestedApplication;
 };
 
 }  // namespace quibbly

@@ -2,16 +2,14 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <sstream>
 #include <string>
 #include <sys/wait.h>
-#include <unistd.h>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
+
+#include "fakes/file_tree.h"
 
 namespace quibbly {
 namespace {
@@ -29,48 +27,34 @@ class Program : public ::testing::Test {
  protected:
   /// Runs a shell command in which `quibbly` is the program. Standard output goes to a file unless the command redirects it.
   Outcome sh(const std::string& command) {
-    const std::string script = "export LC_ALL=C.UTF-8 XDG_DATA_HOME=" + data() +
-                               "; quibbly() { '" QUIBBLY_PROGRAM "' \"$@\"; }; { " + command + "; } >" + out() + " 2>" +
-                               err();
+    const std::string script = "cd " + tree_.root().string() +
+                               " && export LC_ALL=C.UTF-8 XDG_DATA_HOME=$PWD/data; "
+                               "quibbly() { '" QUIBBLY_PROGRAM "' \"$@\"; }; { " +
+                               command + "; } >out 2>err";
     const int status = std::system(script.c_str());
-    return {.status = WEXITSTATUS(status), .output = text(out()), .complaint = text(err())};
-  }
-
-  void TearDown() override {
-    std::filesystem::remove_all(data());
-    ::unlink(out().c_str());
-    ::unlink(err().c_str());
+    return {.status = WEXITSTATUS(status),
+            .output = fakes::contentOf(tree_.root() / "out"),
+            .complaint = fakes::contentOf(tree_.root() / "err")};
   }
 
  private:
-  static std::string file(const char* suffix) {
-    return ::testing::TempDir() + "quibbly." + std::to_string(::getpid()) + suffix;
-  }
-  static std::string out() { return file(".out"); }
-  static std::string err() { return file(".err"); }
-  static std::string data() { return file(".data"); }
-  static std::string text(const std::string& path) {
-    std::ostringstream content;
-    content << std::ifstream(path).rdbuf();
-    return content.str();
-  }
+  fakes::FileTree tree_;
 };
 
 long lines(const std::string& text) { return std::ranges::count(text, '\n'); }
 
-TEST_F(Program, roasts_this_very_machine_in_one_line) {
-  const Outcome outcome = sh("quibbly roast");
-  EXPECT_EQ(outcome.status, 0);
-  EXPECT_EQ(lines(outcome.output), 1) << outcome.output;
-  EXPECT_GT(outcome.output.size(), 10u);
-  EXPECT_EQ(outcome.complaint, "");
-}
-
 TEST_F(Program, does_not_repeat_itself_and_roasts_on_when_it_cannot_remember) {
-  EXPECT_NE(sh("quibbly roast").output, sh("quibbly roast").output);
-  const Outcome forgetful = sh("export XDG_DATA_HOME=/dev/null/nowhere; quibbly roast");
-  EXPECT_EQ(forgetful.status, 0);
-  EXPECT_EQ(lines(forgetful.output), 1);
+  std::vector<std::string> said;
+  for (const char* command :
+       {"quibbly roast", "quibbly roast", "export XDG_DATA_HOME=/dev/null/nowhere; quibbly roast"}) {
+    const Outcome outcome = sh(command);
+    EXPECT_EQ(outcome.status, 0) << command;
+    EXPECT_EQ(lines(outcome.output), 1) << outcome.output;
+    EXPECT_GT(outcome.output.size(), 10U);
+    EXPECT_EQ(outcome.complaint, "") << command;
+    said.push_back(outcome.output);
+  }
+  EXPECT_NE(said[0], said[1]);
 }
 
 TEST_F(Program, prints_a_roast_and_a_sample_as_json) {

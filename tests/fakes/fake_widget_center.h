@@ -8,7 +8,7 @@
 
 namespace quibbly::fakes {
 
-/// Notes what is reloaded; answers with what the test placed, or when the test says so.
+/// Notes what is reloaded; answers at once with what the test placed.
 class FakeWidgetCenter : public WidgetCenter {
  public:
   std::vector<std::string> reloads;

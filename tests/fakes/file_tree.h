@@ -13,6 +13,12 @@
 
 namespace quibbly::fakes {
 
+inline std::string contentOf(const std::filesystem::path& file) {
+  std::ostringstream content;
+  content << std::ifstream(file).rdbuf();
+  return content.str();
+}
+
 /// A temporary directory that stands in for "/", removed at the end. Paths are relative to it; directories on the way to
 /// a file are made.
 class FileTree {

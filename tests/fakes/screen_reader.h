@@ -76,30 +76,35 @@ class ScreenReader {
                               nullptr, arguments...) >= 0;
   }
 
-  [[nodiscard]] std::vector<Object> childrenOf(const Object& object) const {
+  /// Asks the object, and has its answer read if there is one.
+  template <typename Read>
+  void ask(const Object& object, const char* member, const Read& read) const {
     sd_bus_message* answer = nullptr;
-    std::vector<Object> children;
-    if (sd_bus_call_method(bus_->get(), object.program.c_str(), object.path.c_str(), accessible, "GetChildren", nullptr,
+    if (sd_bus_call_method(bus_->get(), object.program.c_str(), object.path.c_str(), accessible, member, nullptr,
                            &answer, "") >= 0) {
-      const char* program = "";
-      const char* path = "";
-      sd_bus_message_enter_container(answer, 'a', "(so)");
-      while (sd_bus_message_read(answer, "(so)", &program, &path) > 0) children.push_back({program, path});
+      read(answer);
     }
     sd_bus_message_unref(answer);
+  }
+
+  [[nodiscard]] std::vector<Object> childrenOf(const Object& object) const {
+    std::vector<Object> children;
+    ask(object, "GetChildren", [&](sd_bus_message* answer) {
+      const char *program = "", *path = "";
+      sd_bus_message_enter_container(answer, 'a', "(so)");
+      while (sd_bus_message_read(answer, "(so)", &program, &path) > 0) children.push_back({program, path});
+    });
     return children;
   }
 
   [[nodiscard]] std::string roleOf(const Object& object) const {
-    sd_bus_message* answer = nullptr;
-    const char* role = "";
-    if (sd_bus_call_method(bus_->get(), object.program.c_str(), object.path.c_str(), accessible, "GetRoleName", nullptr,
-                           &answer, "") >= 0) {
-      sd_bus_message_read(answer, "s", &role);
-    }
-    std::string copied = role;
-    sd_bus_message_unref(answer);
-    return copied;
+    std::string role;
+    ask(object, "GetRoleName", [&](sd_bus_message* answer) {
+      const char* text = "";
+      sd_bus_message_read(answer, "s", &text);
+      role = text;
+    });
+    return role;
   }
 
   [[nodiscard]] std::string nameOf(const Object& object) const {
@@ -114,14 +119,11 @@ class ScreenReader {
   /// Whether it is on the screen; what is behind it does not matter.
   [[nodiscard]] bool isShowing(const Object& object) const {
     constexpr std::uint32_t showing = 1U << 25U;
-    sd_bus_message* answer = nullptr;
     std::uint32_t states = 0;
-    if (sd_bus_call_method(bus_->get(), object.program.c_str(), object.path.c_str(), accessible, "GetState", nullptr,
-                           &answer, "") >= 0) {
+    ask(object, "GetState", [&](sd_bus_message* answer) {
       sd_bus_message_enter_container(answer, 'a', "u");
       sd_bus_message_read(answer, "u", &states);
-    }
-    sd_bus_message_unref(answer);
+    });
     return (states & showing) != 0;
   }
 

@@ -143,13 +143,6 @@ TEST_F(Notifications, what_was_said_lately_is_not_announced_again) {
   EXPECT_EQ(post("Other 6"), duplicate);
 }
 
-TEST_F(Notifications, what_another_program_announced_last_is_not_announced_again) {
-  RecentRoastHistory history;
-  history.lastNotificationBody = "From elsewhere";
-  recentRoasts_.remember(history);
-  EXPECT_EQ(post("from elsewhere"), duplicate);
-}
-
 TEST_F(Notifications, hides_a_program_in_front_until_the_notification_is_out) {
   desktop_.active = true;
   std::string outcome;

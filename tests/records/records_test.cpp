@@ -3,11 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "records/intensity.h"
-#include "records/mac_mood.h"
 #include "records/random_roast_interval.h"
 #include "records/recent_roast_history.h"
-#include "records/roast_thermal_state.h"
 #include "records/units.h"
 
 namespace quibbly {
@@ -40,16 +37,6 @@ TEST(RecentRoastHistoryTest, a_repeated_text_is_kept_and_an_absent_template_id_c
   const auto updated = RecentRoastHistory::empty.recording("same", "id_1").recording("same", std::nullopt);
   EXPECT_THAT(updated.texts, ElementsAre("same", "same"));
   EXPECT_THAT(updated.templateIds, ElementsAre("id_1"));
-}
-
-TEST(RawValueTest, only_the_exact_text_makes_a_case) {
-  EXPECT_EQ(fromRawValue<MacMood::Label>("Judging You"), MacMood::Label::judgingYou);
-  EXPECT_EQ(fromRawValue<MacMood::Label>("judging you"), std::nullopt);
-  EXPECT_EQ(fromRawValue<RoastThermalState>("serious"), RoastThermalState::serious);
-  EXPECT_EQ(fromRawValue<RoastThermalState>("serious "), std::nullopt);
-  EXPECT_EQ(fromRawValue<Intensity>("Savage"), std::nullopt);
-  EXPECT_EQ(displayText(Intensity::savage), "Savage");
-  EXPECT_EQ(fromRawValue<RandomRoastInterval>(2), std::nullopt);
 }
 
 TEST(RandomRoastIntervalTest, a_stored_number_of_minutes_that_is_no_interval_means_off) {

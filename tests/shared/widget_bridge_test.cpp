@@ -24,7 +24,6 @@ namespace {
 
 using namespace std::chrono_literals;
 using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 using ::testing::UnorderedElementsAre;
 
 const std::vector<std::string> oneRound{"org.quibbly.Quibbly.RoastWidget.v6", "org.quibbly.Quibbly.RoastWidget.v5",
@@ -70,17 +69,6 @@ class WidgetBridge : public ::testing::Test {
   RoastMeIntent intent_{recentRoasts_, store_, engine_, notifications_, reload_, clock_};
   std::optional<LastRoast> roast_;
 };
-
-TEST_F(WidgetBridge, a_request_is_taken_once_and_a_corrupt_one_stays) {
-  EXPECT_EQ(requests_.take(), std::nullopt);
-  const RoastRequest request{.createdAt = clock_.time, .source = "widget"};
-  ASSERT_FALSE(storage_.write(request, "roastRequest.json"));
-  EXPECT_EQ(requests_.take(), request);
-  EXPECT_EQ(requests_.take(), std::nullopt);
-  ASSERT_FALSE(storage_.writeText("not JSON", "roastRequest.json"));
-  EXPECT_EQ(requests_.take(), std::nullopt);
-  EXPECT_EQ(storage_.readText("roastRequest.json"), "not JSON");
-}
 
 TEST_F(WidgetBridge, the_second_notification_replaces_the_first_and_each_is_announced) {
   notifications_.enqueue("t", "first", "c");
@@ -159,24 +147,6 @@ TEST_F(WidgetBridge, an_intent_reuses_the_published_figures_and_does_not_repeat_
   runIntent();
   EXPECT_EQ(roast_->templateId, "battery_2");
   EXPECT_EQ(notifications_.take()->body, roast_->text);
-}
-
-TEST_F(WidgetBridge, an_intent_without_a_container_or_a_store_still_ends) {
-  preferences_.opens = false;
-  tree_.add("recentRoasts.json", "not JSON");
-  const fakes::FixedContainer none(std::nullopt);
-  const SharedStorage nowhere(none, files_, group_.random);
-  AppGroupStore store(nowhere, preferences_, clock_, group_.random, group_.userText);
-  PendingNotifyQueue notifications(nowhere, files_, center_, clock_);
-  const RecentRoasts forgetful(nowhere);
-  RoastMeIntent intent(forgetful, store, engine_, notifications, reload_, clock_);
-  const auto perform = [](RoastMeIntent& performing, std::optional<LastRoast>& made) -> Task<> {
-    made = co_await performing.perform();
-  };
-  launch(queue_, perform(intent, roast_));
-  queue_.advance(10s);
-  EXPECT_TRUE(roast_.has_value());
-  EXPECT_EQ(widgets_.reloads.size(), 5 * oneRound.size());
 }
 
 TEST_F(WidgetBridge, an_intent_reloads_five_times_over_2750_milliseconds) {
