@@ -1,10 +1,12 @@
 #pragma once
 
-// What any sample of a machine without a display costs at the least, as the bare system calls that read it. C, for the C
-// baselines too.
+// What any sample of a machine without a display costs at the least, as the bare system calls that read it. C, for the
+// baseline in C too.
 
 #include <dirent.h>
 #include <fcntl.h>
+#include <stdio.h>
+#include <stdlib.h>
 #include <sys/statvfs.h>
 #include <unistd.h>
 
@@ -25,15 +27,26 @@ static inline void listDirectory(const char* path) {
   closedir(directory);
 }
 
+static char appSlices[3][128];
+
+static inline void findAppSlices(void) {
+  const char* const trees[] = {"", "unified/", "systemd/"};
+  const unsigned user = getuid();
+  for (int i = 0; i < 3; ++i) {
+    snprintf(appSlices[i], sizeof appSlices[i], "/sys/fs/cgroup/%suser.slice/user-%u.slice/user@%u.service/app.slice",
+             trees[i], user, user);
+  }
+}
+
 static inline int readSample(void) {
   struct statvfs volume;
+  const char* const home = getenv("HOME");
+  if (!appSlices[0][0]) findAppSlices();
   readWhole("/proc/stat");
   readWhole("/proc/meminfo");
-  const int failed = statvfs("/root", &volume);
+  const int failed = statvfs(home ? home : "/", &volume);
   listDirectory("/sys/class/power_supply");
-  listDirectory("/sys/fs/cgroup/user.slice/user-0.slice/user@0.service/app.slice");
-  listDirectory("/sys/fs/cgroup/unified/user.slice/user-0.slice/user@0.service/app.slice");
-  listDirectory("/sys/fs/cgroup/systemd/user.slice/user-0.slice/user@0.service/app.slice");
+  for (int i = 0; i < 3; ++i) listDirectory(appSlices[i]);
   listDirectory("/sys/class/thermal");
   listDirectory("/sys/class/hwmon");
   readWhole("/sys/devices/system/cpu/cpu0/thermal_throttle/package_throttle_total_time_ms");

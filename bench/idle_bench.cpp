@@ -1,5 +1,4 @@
 #include <array>
-#include <chrono>
 #include <optional>
 #include <pty.h>
 #include <thread>
@@ -12,11 +11,6 @@
 
 namespace quibbly::bench {
 namespace {
-
-using namespace std::chrono_literals;
-
-constexpr std::chrono::seconds untilSettled = 10s;
-constexpr std::chrono::seconds period = 60s;
 
 /// A program on a terminal of its own, which nobody types at and whose output goes nowhere.
 class OnTerminal {
@@ -60,7 +54,7 @@ IdleMinute idleMinute() {
   const OnTerminal bare(BARE_IDLE_PROGRAM, container.c_str(), home);
   std::this_thread::sleep_for(untilSettled);
   const IdleMinute before{quibbly.use(), bare.use()};
-  std::this_thread::sleep_for(period);
+  std::this_thread::sleep_for(idlePeriod);
   return {difference(before.quibbly, quibbly.use()), difference(before.bare, bare.use())};
 }
 
@@ -69,20 +63,21 @@ const IdleMinute& theIdleMinute() {
   return minute;
 }
 
-void tell(benchmark::State& state, const Use& used, const char* wakeUpsPerSecond) {
-  for (auto _ : state) state.SetIterationTime(used.processorSeconds);
-  if (!used.runs) return state.SkipWithError("the program ended");
-  state.counters[wakeUpsPerSecond] = used.waits / std::chrono::duration<double>(period).count();
+void tell(benchmark::State& state, const Use& used, const char* name) {
+  for (auto _ : state) tellIdle(state, used, name);
+  if (!used.runs) state.SkipWithError("the program ended");
 }
 
-void bareIdle(benchmark::State& state) { tell(state, theIdleMinute().bare, "bareWakeUps"); }
+void bareIdle(benchmark::State& state) { tell(state, theIdleMinute().bare, "bareIdle"); }
 BENCHMARK(bareIdle)->UseManualTime()->Iterations(1);
 
-void idle(benchmark::State& state) { tell(state, theIdleMinute().quibbly, "idleWakeUps"); }
+void idle(benchmark::State& state) { tell(state, theIdleMinute().quibbly, "idle"); }
 BENCHMARK(idle)->UseManualTime()->Iterations(1);
 
 const Compare idleBound("idle", "bareIdle", 1.0);
-const Limit wakeUpsLimit("idleWakeUps", 0.2);
+const Limit wakeUpsLimit("idleWakeUps", 0.2, Unit::perSecond);
+const Beside wakeUps("idleWakeUps", "bareIdleWakeUps", Unit::perSecond);
+const Beside threadWaits("idleThreadWaits", "bareIdleThreadWaits", Unit::perSecond);
 
 }  // namespace
 }  // namespace quibbly::bench

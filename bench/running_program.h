@@ -8,7 +8,10 @@
 #include <fstream>
 #include <string>
 #include <sys/types.h>
+#include <system_error>
 #include <unistd.h>
+
+#include <benchmark/benchmark.h>
 
 #include "fakes/process.h"
 
@@ -18,16 +21,38 @@ namespace quibbly::bench {
 struct Use {
   bool runs = false;
   double processorSeconds = 0;
-  /// How often its main thread waited for something, and so was woken. What its other threads wait for belongs to that: they
-  /// work when it asks them to.
+  /// How often its main thread waited for something, and so was woken: a burst of work that the threads hand on among
+  /// themselves is one wake-up, since the main thread sleeps at its end.
   double waits = 0;
+  /// The same of all its threads that live.
+  double threadWaits = 0;
 };
 
 inline Use difference(const Use& before, const Use& after) {
   return {.runs = before.runs && after.runs,
           .processorSeconds = after.processorSeconds - before.processorSeconds,
-          .waits = after.waits - before.waits};
+          .waits = after.waits - before.waits,
+          .threadWaits = after.threadWaits - before.threadWaits};
 }
+
+/// How a program is measured that nobody asks for anything.
+inline constexpr std::chrono::seconds untilSettled(10);
+inline constexpr std::chrono::seconds idlePeriod(60);
+
+/// What it used in that period, with its counters named after it.
+inline void tellIdle(benchmark::State& state, const Use& used, const std::string& name) {
+  const double seconds = std::chrono::duration<double>(idlePeriod).count();
+  state.SetIterationTime(used.processorSeconds);
+  state.counters[name + "WakeUps"] = used.waits / seconds;
+  state.counters[name + "ThreadWaits"] = used.threadWaits / seconds;
+}
+
+/// Makes the kernel read every file, directory and inode from the disk again. Only root may, outside of a container.
+inline bool forgetFiles() {
+  ::sync();
+  return static_cast<bool>(std::ofstream("/proc/sys/vm/drop_caches") << 3 << std::flush);
+}
+constexpr const char* nothingForgotten = "not measured: the kernel does not let us drop its caches";
 
 /// A home in memory where there is such a place: a wait for a disk is no wake-up that a program chose.
 class MemoryHome {
@@ -90,12 +115,24 @@ class RunningProgram {
     if (::clock_getcpuclockid(process_.pid(), &clock) != 0 || ::clock_gettime(clock, &used) != 0) return {};
     return {.runs = process_.runs(),
             .processorSeconds = static_cast<double>(used.tv_sec) + 1e-9 * static_cast<double>(used.tv_nsec),
-            .waits = numberAfter(directory() / "status", "voluntary_ctxt_switches:")};
+            .waits = waitsOf(directory()),
+            .threadWaits = waitsOfThreads()};
   }
   /// Bytes of memory, where what is shared counts in parts.
   [[nodiscard]] double proportionalSet() const { return 1024 * numberAfter(directory() / "smaps_rollup", "Pss:"); }
 
  private:
+  [[nodiscard]] static double waitsOf(const std::filesystem::path& thread) {
+    return numberAfter(thread / "status", "voluntary_ctxt_switches:");
+  }
+  [[nodiscard]] double waitsOfThreads() const {
+    double waits = 0;
+    std::error_code ignored;
+    for (const auto& thread : std::filesystem::directory_iterator(directory() / "task", ignored)) {
+      waits += waitsOf(thread.path());
+    }
+    return waits;
+  }
   [[nodiscard]] std::filesystem::path directory() const { return "/proc/" + std::to_string(process_.pid()); }
 
   fakes::Process process_;
