@@ -29,11 +29,12 @@ PreferenceStore::Reading KeptPreferences::read(std::string_view key) {
   return std::nullopt;
 }
 
-std::map<std::string, PreferenceValue> KeptPreferences::all() {
+PreferenceStore::Listing KeptPreferences::all() {
   auto values = store_.all();
+  if (!values) return values;
   for (const auto& [key, kept] : kept_) {
-    values.erase(key);
-    if (kept) values.emplace(key, *kept);
+    values->erase(key);
+    if (kept) values->emplace(key, *kept);
   }
   return values;
 }

@@ -21,7 +21,7 @@ class KeptPreferences final : public PreferenceStore {
   [[nodiscard]] bool open() override { return true; }
   /// Never an error.
   [[nodiscard]] Reading read(std::string_view key) override;
-  [[nodiscard]] std::map<std::string, PreferenceValue> all() override;
+  [[nodiscard]] Listing all() override;
   [[nodiscard]] std::error_code apply(std::span<const PreferenceChange> changes) override;
   void synchronize() override { store_.synchronize(); }
 

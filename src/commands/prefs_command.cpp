@@ -139,16 +139,17 @@ std::expected<std::string, Complaint> PrefsCommand::run(const PrefsRequest& requ
   return request.value ? set(*request.key, *request.value, request.type) : show(*request.key);
 }
 
-std::string PrefsCommand::list() {
+std::expected<std::string, Complaint> PrefsCommand::list() {
   const auto values = store_.all();
+  if (!values) return unreadable(values.error());
   std::size_t longestKey = 0;
   std::size_t longestType = 0;
-  for (const auto& [key, value] : values) {
+  for (const auto& [key, value] : *values) {
     longestKey = std::max(longestKey, printable(key).size());
     longestType = std::max(longestType, typeNames[value.index()].size());
   }
   std::string text;
-  for (const auto& [key, value] : values) {
+  for (const auto& [key, value] : *values) {
     const std::string_view type = typeNames[value.index()];
     const std::string name = printable(key);
     text.append(name).append(longestKey + 2 - name.size(), ' ');

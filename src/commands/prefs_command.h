@@ -35,7 +35,7 @@ class PrefsCommand {
   [[nodiscard]] std::expected<std::string, Complaint> run(const PrefsRequest& request);
 
  private:
-  [[nodiscard]] std::string list();
+  [[nodiscard]] std::expected<std::string, Complaint> list();
   [[nodiscard]] std::expected<std::string, Complaint> show(const std::string& key);
   [[nodiscard]] std::expected<std::string, Complaint> set(const std::string& key, const std::string& text,
                                                           std::optional<PrefsRequest::Type> meant);

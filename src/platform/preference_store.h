@@ -29,6 +29,7 @@ struct PreferenceChange {
 class PreferenceStore {
  public:
   using Reading = std::expected<std::optional<PreferenceValue>, std::error_code>;
+  using Listing = std::expected<std::map<std::string, PreferenceValue>, std::error_code>;
 
   virtual ~PreferenceStore() = default;
 
@@ -36,8 +37,8 @@ class PreferenceStore {
   [[nodiscard]] virtual bool open() = 0;
   /// The value of a key; absent when there is none. An error when nobody can tell.
   [[nodiscard]] virtual Reading read(std::string_view key) = 0;
-  /// Every key with its value.
-  [[nodiscard]] virtual std::map<std::string, PreferenceValue> all() = 0;
+  /// Every key with its value. An error when nobody can tell.
+  [[nodiscard]] virtual Listing all() = 0;
   /// Makes all changes, in order, or none.
   [[nodiscard]] virtual std::error_code apply(std::span<const PreferenceChange> changes) = 0;
   /// Makes sure that what was applied is seen by others, and what others applied is seen here.

@@ -54,7 +54,8 @@ std::string lineIn(const std::string& file, const std::string& content) {
 
 std::map<std::string, std::size_t> typesIn(PreferenceStore& store) {
   std::map<std::string, std::size_t> types;
-  for (const auto& [key, value] : store.all()) types.emplace(key, value.index());
+  const auto values = store.all().value();
+  for (const auto& [key, value] : values) types.emplace(key, value.index());
   return types;
 }
 

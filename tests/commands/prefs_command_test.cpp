@@ -81,7 +81,7 @@ TEST_F(Prefs, a_wrong_value_or_key_is_named_and_changes_nothing) {
     EXPECT_THAT(outcome.error().line, HasSubstr(named));
   }
   EXPECT_EQ(store_.get<std::int64_t>("int"), 5);
-  EXPECT_EQ(store_.all().size(), 2U);
+  EXPECT_EQ(store_.all()->size(), 2U);
 }
 
 TEST_F(Prefs, are_removed_and_a_store_that_does_not_open_is_said) {

@@ -15,8 +15,9 @@ class FailingPreferenceStore final : public PreferenceStore, public Faults {
     if (fails()) return std::unexpected(failure());
     return working_.read(key);
   }
-  [[nodiscard]] std::map<std::string, PreferenceValue> all() override {
-    return fails() ? std::map<std::string, PreferenceValue>() : working_.all();
+  [[nodiscard]] Listing all() override {
+    if (fails()) return std::unexpected(failure());
+    return working_.all();
   }
   [[nodiscard]] std::error_code apply(std::span<const PreferenceChange> changes) override {
     return fails() ? failure() : working_.apply(changes);

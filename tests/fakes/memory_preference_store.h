@@ -20,8 +20,9 @@ class MemoryPreferenceStore : public PreferenceStore {
     const auto found = values_.find(std::string(key));
     return found != values_.end() ? std::optional(found->second) : std::nullopt;
   }
-  [[nodiscard]] std::map<std::string, PreferenceValue> all() override {
-    return opens ? values_ : std::map<std::string, PreferenceValue>();
+  [[nodiscard]] Listing all() override {
+    if (!opens) return std::unexpected(std::make_error_code(std::errc::io_error));
+    return values_;
   }
   [[nodiscard]] std::error_code apply(std::span<const PreferenceChange> changes) override {
     if (!opens || !takes) return std::make_error_code(std::errc::io_error);

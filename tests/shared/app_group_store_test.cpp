@@ -71,7 +71,7 @@ class GroupStore : public ::testing::Test {
 TEST_F(GroupStore, a_publication_is_one_transaction_of_fifteen_keys_and_four_files) {
   publishSome();
   EXPECT_EQ(preferences_.transactions, 1);
-  EXPECT_EQ(preferences_.all().size(), 15U);
+  EXPECT_EQ(preferences_.all()->size(), 15U);
   const auto token = preferences_.get<std::string>("generationToken").value();
   EXPECT_THAT(token, MatchesRegex(aUuid));
   EXPECT_EQ(preferences_.get<double>("roastAt"), epochSeconds(noon));

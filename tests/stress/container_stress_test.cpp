@@ -45,7 +45,7 @@ std::string fault(PublishedHome& home) {
   const std::string roast = text->substr(std::min(text->size(), text->find('\n', text->find('\n') + 1) + 1));
   const auto letters = static_cast<std::size_t>(std::ranges::count(roast, 'x'));
   if (letters != static_cast<std::size_t>(std::atoi(roast.c_str())) % 5 * 3000) return "currentRoast.txt is torn";
-  const auto values = home.preferences.all();
+  const auto values = home.preferences.all().value();
   if (values.at("roastTemplateId") != PreferenceValue(std::to_string(std::get<std::int64_t>(values.at("battery"))))) {
     return "keys of two publications";
   }
@@ -123,7 +123,7 @@ TEST_F(Container, several_intents_at_once_leave_whole_entries_to_the_application
   EXPECT_FALSE(std::filesystem::exists(home.containerURL / "pendingNotify.json")) << "an entry was torn";
   EXPECT_GT(taken, 0);
   EXPECT_TRUE(home.store.lastRoast()->ruleId.has_value()) << "an intent's roast";
-  EXPECT_EQ(home.preferences.all().size(), 15U);
+  EXPECT_EQ(home.preferences.all()->size(), 15U);
 }
 
 }  // namespace

@@ -54,7 +54,7 @@ bool makeFile(const std::filesystem::path& file) {
   return made || (errno == EEXIST && isOurs(file));
 }
 
-PreferenceStore::Reading unreadable() { return std::unexpected(std::make_error_code(std::errc::io_error)); }
+std::unexpected<std::error_code> unreadable() { return std::unexpected(std::make_error_code(std::errc::io_error)); }
 
 /// Null when the file cannot be opened, or is a link. Links on the way to it, such as one to a home on another volume, are
 /// followed here: SQLite would refuse them too.
@@ -137,9 +137,10 @@ class SqlitePreferenceStore::Database {
     return found;
   }
 
-  std::map<std::string, PreferenceValue> all() {
+  Listing all() {
     std::map<std::string, PreferenceValue> values;
-    while (sqlite3_step(list_.get()) == SQLITE_ROW) {
+    int status = SQLITE_ROW;
+    while ((status = sqlite3_step(list_.get())) == SQLITE_ROW) {
       const auto key = columnValue(list_.get(), 0);
       auto value = columnValue(list_.get(), 1);
       // Another program may have stored a key that is no text; nobody can ask for it here.
@@ -147,6 +148,7 @@ class SqlitePreferenceStore::Database {
       if (name != nullptr && value) values.emplace(*name, std::move(*value));
     }
     sqlite3_reset(list_.get());
+    if (status != SQLITE_DONE) return unreadable();
     return values;
   }
 
@@ -233,11 +235,13 @@ bool SqlitePreferenceStore::open() {
 }
 
 PreferenceStore::Reading SqlitePreferenceStore::read(std::string_view key) {
-  return open() ? database_->read(key) : unreadable();
+  if (!open()) return unreadable();
+  return database_->read(key);
 }
 
-std::map<std::string, PreferenceValue> SqlitePreferenceStore::all() {
-  return open() ? database_->all() : std::map<std::string, PreferenceValue>();
+PreferenceStore::Listing SqlitePreferenceStore::all() {
+  if (!open()) return unreadable();
+  return database_->all();
 }
 
 std::error_code SqlitePreferenceStore::apply(std::span<const PreferenceChange> changes) {

@@ -22,7 +22,7 @@ class SqlitePreferenceStore final : public PreferenceStore {
 
   [[nodiscard]] bool open() override;
   [[nodiscard]] Reading read(std::string_view key) override;
-  [[nodiscard]] std::map<std::string, PreferenceValue> all() override;
+  [[nodiscard]] Listing all() override;
   [[nodiscard]] std::error_code apply(std::span<const PreferenceChange> changes) override;
   void synchronize() override {}  // every transaction is seen by all at once
 

@@ -64,16 +64,16 @@ TEST_P(PreferenceStoreContract, a_change_sets_and_removes_in_order) {
                                       {.key = "a", .value = 2.0},
                                       {.key = "never", .value = std::nullopt}};
   ASSERT_EQ(store_->apply(changes), std::error_code());
-  EXPECT_THAT(store_->all(), UnorderedElementsAre(Pair("a", PreferenceValue(2.0))));
+  EXPECT_THAT(*store_->all(), UnorderedElementsAre(Pair("a", PreferenceValue(2.0))));
   EXPECT_FALSE(store_->contains("old"));
   ASSERT_EQ(store_->remove("a"), std::error_code());
-  EXPECT_THAT(store_->all(), IsEmpty());
+  EXPECT_THAT(*store_->all(), IsEmpty());
 }
 
 TEST_P(PreferenceStoreContract, a_number_that_is_none_reads_as_missing) {
   ASSERT_EQ(store_->set("nan", std::numeric_limits<double>::quiet_NaN()), std::error_code());
   EXPECT_FALSE(store_->contains("nan"));
-  EXPECT_THAT(store_->all(), IsEmpty());
+  EXPECT_THAT(*store_->all(), IsEmpty());
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -98,7 +98,7 @@ TEST_F(SqliteStore, leaves_out_a_key_that_another_program_stored_as_no_text) {
   sqlite3_open(file_.c_str(), &other);
   EXPECT_EQ(sqlite3_exec(other, "INSERT INTO preferences VALUES (x'01', 1)", nullptr, nullptr, nullptr), SQLITE_OK);
   sqlite3_close(other);
-  EXPECT_EQ(store.all().size(), 1U);
+  EXPECT_EQ(store.all()->size(), 1U);
 }
 
 TEST_F(SqliteStore, is_shared_by_its_openers_and_is_the_users_own) {
@@ -170,6 +170,7 @@ TEST_F(SqliteStore, whose_file_cannot_be_read_says_so_and_not_that_the_key_is_mi
   ASSERT_EQ(SqlitePreferenceStore(file_).set("key", std::int64_t{2}), std::error_code());
   std::filesystem::resize_file(file_.string() + "-wal", 0);
   EXPECT_FALSE(store.read("key"));
+  EXPECT_FALSE(store.all());
   EXPECT_FALSE(SqlitePreferenceStore(tree_.root()).read("key")) << "a directory";
 }
 
