@@ -128,9 +128,9 @@ class RunningProgram {
   [[nodiscard]] double waitsOfThreads() const {
     double waits = 0;
     std::error_code ignored;
-    for (const auto& thread : std::filesystem::directory_iterator(directory() / "task", ignored)) {
-      waits += waitsOf(thread.path());
-    }
+    std::filesystem::directory_iterator threads(directory() / "task", ignored);
+    for (; threads != std::filesystem::directory_iterator(); threads.increment(ignored))
+      waits += waitsOf(threads->path());
     return waits;
   }
   [[nodiscard]] std::filesystem::path directory() const { return "/proc/" + std::to_string(process_.pid()); }

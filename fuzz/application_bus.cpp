@@ -67,7 +67,7 @@ class Program {
  private:
   void opened(const std::vector<std::string>& urls) {
     ++requests_;
-    demand(urls.size() <= SingleInstance::mostUrls, "no more URLs are handed over than a user opens");
+    demand(urls.size() <= SingleInstance::mostAtOnce, "no more URLs are handed over than a user opens");
     std::ranges::for_each(urls, isShort);
   }
   void asked(const std::string& action) {
@@ -75,7 +75,7 @@ class Program {
     isShort(action);
   }
   static void isShort(const std::string& text) {
-    demand(text.size() <= SingleInstance::longestUrl, "no text is longer than a URL");
+    demand(text.size() <= SingleInstance::longestText, "no text is longer than a URL");
   }
 
   int requests_ = 0;

@@ -1,12 +1,10 @@
 #include <string>
-#include <utility>
 
 #include "fuzz/bus_message.h"
 #include "fuzz/desk.h"
 #include "fuzz/fuzzer.h"
 #include "platform/linux/dbus_notification_center.h"
 #include "platform/linux/portal_appearance.h"
-#include "platform/linux/text_encoding.h"
 
 /// What notification servers and portals answer. Each answer is "org.example.Error\nmessage\n", or a line of its
 /// arguments' types and then their values.

@@ -1,5 +1,4 @@
-#include <cmath>
-#include <cstdint>
+#include <span>
 
 #include "fakes/fixed_clock.h"
 #include "fakes/fixed_container.h"

@@ -63,7 +63,7 @@ class Run {
         QCoreApplication::exit(handedOver());
         break;
       case SingleInstance::Place::refused:
-        complain("another quibbly is running for this user and does not answer; end that one first");
+        complain("another quibbly is running for this user and did not take this; try again, or end that one first");
         QCoreApplication::exit(Complaint::failed);
         break;
     }
@@ -93,10 +93,10 @@ class Run {
   std::unique_ptr<FacedApplication> application_;
 };
 
-/// When the display is gone, these are Qt's last words. Xlib would say the same once more in its own.
 void complainForQt(QtMsgType kind, const QMessageLogContext& /*context*/, const QString& text) {
   if (kind == QtDebugMsg || kind == QtInfoMsg) return;
   complain(text.toStdString());
+  // Qt says so, whoever finds it out, and ends the program next; Xlib would say it once more on the way.
   if (text.startsWith("The X11 connection broke")) ::_exit(Complaint::failed);
 }
 

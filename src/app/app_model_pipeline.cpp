@@ -40,7 +40,7 @@ LastRoast AppModel::makeRoast(const SystemSnapshot& snapshot) {
 Task<> AppModel::announce(LastRoast roast) {
   using Kind = NotificationPostError::Kind;
   const NotificationManager::Posted posted =
-      co_await services_.notifications.postRoast(LastRoast::title, roast.text, roast.category);
+      co_await services_.notifications.postRoast(roastTitle, roast.text, roast.category);
   if (posted) {
     statusMessage = notifiedStatus();
   } else if (posted.error().kind() == Kind::denied) {

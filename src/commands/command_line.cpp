@@ -56,7 +56,8 @@ void addAutostart(CLI::App& app, CommandLine& request) {
 CLI::Validator isOurs() {
   return {[](const std::string& word) {
             if (!AppURL::hasScheme(word)) return "'" + word + "' is neither a command nor a quibbly: URL";
-            if (word.size() > SingleInstance::longestUrl) return std::string("it is too long; 4096 bytes are taken");
+            if (word.size() > SingleInstance::longestText)
+              return "it is too long; " + std::to_string(SingleInstance::longestText) + " bytes are taken";
             return std::string();
           },
           "", "quibbly URL"};
@@ -87,8 +88,9 @@ std::expected<CommandLine, std::string> parseCommandLine(std::span<const char* c
   if (request.command != CommandLine::Command::run && (request.terminal || !request.urls.empty())) {
     return std::unexpected("--terminal and URLs do not go with a command; leave out the one or the other");
   }
-  if (request.urls.size() > SingleInstance::mostUrls) {
-    return std::unexpected("these are too many URLs; 32 are opened at once");
+  if (request.urls.size() > SingleInstance::mostAtOnce) {
+    return std::unexpected("these are too many URLs; " + std::to_string(SingleInstance::mostAtOnce) +
+                           " are opened at once");
   }
   if (!text->empty()) request.command = CommandLine::Command::showText;
   request.text = std::move(*text);

@@ -20,7 +20,7 @@ struct BannerView {
 
 /// A place on the screen in device-independent pixels, from the upper left corner of the desktop.
 struct BannerFrame {
-  /// Of every toast.
+  /// The size of every toast.
   static constexpr int toastWidth = 400;
   static constexpr int toastHeight = 110;
 

@@ -10,10 +10,11 @@ namespace quibbly {
 /// Keeps the program to one instance a user session, and hears what the desktop and later starts ask of it. Main thread.
 class SingleInstance {
  public:
-  /// What can be asked for at once, and within a second; more than that is nothing that a user did.
-  static constexpr std::size_t mostUrls = 32;
-  /// In bytes; of the name of an action too.
-  static constexpr std::size_t longestUrl = 4096;
+  /// How many URLs can be handed over at once, and how much can be asked for within a second; more than that is nothing that
+  /// a user did.
+  static constexpr std::size_t mostAtOnce = 32;
+  /// Of a URL, and of the name of an action, in bytes.
+  static constexpr std::size_t longestText = 4096;
 
   /// Called on later turns of the main queue, for as long as the instance is the one.
   struct Requests {
@@ -29,7 +30,7 @@ class SingleInstance {
     first,
     /// Another one is, and has taken the URLs; without any, it was asked to come forward.
     handedOver,
-    /// Another one is, and did not answer.
+    /// Another one is, and did not take them.
     refused,
   };
 

@@ -10,9 +10,6 @@ namespace quibbly {
 
 /// The roast that is currently shown.
 struct LastRoast {
-  /// What every roast is announced under.
-  static constexpr const char* title = "Your Mac would like a word";
-
   /// The line as shown.
   std::string text;
   /// The family's category: "thermal", "battery", "ram", "disk", "uptime", "apps", "lifestyle" or "general".

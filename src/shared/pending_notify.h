@@ -6,6 +6,9 @@
 
 namespace quibbly {
 
+/// What roasts are announced under.
+inline constexpr const char* roastTitle = "Your Mac would like a word";
+
 /// A notification that the roast-me intent asks the application to post.
 struct PendingNotify {
   std::string title;

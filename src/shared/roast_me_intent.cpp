@@ -35,7 +35,7 @@ Task<LastRoast> RoastMeIntent::perform() {
   figures.mood = roast.mood;
   figures.capturedAt = clock_.now();
   store_.publish(roast, figures);
-  notifications_.enqueue(LastRoast::title, roast.text, roast.category);
+  notifications_.enqueue(roastTitle, roast.text, roast.category);
   co_await hardReload();
   co_return roast;
 }

@@ -1,6 +1,8 @@
 // What comes of a roast that somebody asks for, whoever asks and whatever stands in its way.
 
+#include <cstdint>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "app_test.h"
@@ -114,9 +116,10 @@ TEST(Roasts, come_out_alike_whoever_asks_but_for_what_each_may_do) {
                                                                             {"a request", request, row.ofSchedule},
                                                                             {"the intent", intent, row.ofIntent}};
     for (const auto& [who, ask, expected] : cases) {
+      SCOPED_TRACE(std::string(row.what) + ", asked by " + who);
       Asked application;
       row.happens(application);
-      EXPECT_EQ(application.outcome(ask), expected) << row.what << ", asked by " << who;
+      EXPECT_EQ(application.outcome(ask), expected);
     }
   }
 }

@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <string>
 #include <sys/wait.h>
+#include <vector>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -27,7 +28,7 @@ class Program : public ::testing::Test {
  protected:
   /// Runs a shell command in which `quibbly` is the program. Standard output goes to a file unless the command redirects it.
   Outcome sh(const std::string& command) {
-    const std::string script = "cd " + tree_.root().string() +
+    const std::string script = "cd '" + tree_.root().string() + "'" +
                                " && export LC_ALL=C.UTF-8 XDG_DATA_HOME=$PWD/data; "
                                "quibbly() { '" QUIBBLY_PROGRAM "' \"$@\"; }; { " +
                                command + "; } >out 2>err";

@@ -38,7 +38,8 @@ struct PublishedHome : Group<linux_services::SystemWallClock, linux_services::Sq
     if (!storage.read<WidgetSnapshot>("widgetSnapshot.json")) names.emplace_back("widgetSnapshot.json");
     if (!storage.read<WidgetGeneration>("widgetGeneration.json")) names.emplace_back("widgetGeneration.json");
     if (!storage.readText("currentRoast.txt")) names.emplace_back("currentRoast.txt");
-    if (preferences.all()->size() != 15) names.emplace_back("the store");
+    const auto stored = preferences.all();
+    if (!stored || stored->size() != 15) names.emplace_back("the store");
     return names;
   }
 };

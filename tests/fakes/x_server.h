@@ -32,8 +32,8 @@ class XServer {
 
   /// As when it crashes.
   void kill() const { server_->tell(SIGKILL); }
-  /// Whether the machine has the program, and it runs.
-  [[nodiscard]] bool installed() const { return !display_.empty(); }
+  /// Whether the machine has the program, and it came up.
+  [[nodiscard]] bool runs() const { return !display_.empty(); }
   /// From now on it takes connections and answers nothing, until it resumes.
   void hang() const { server_->tell(SIGSTOP); }
   void resume() const { server_->tell(SIGCONT); }

@@ -35,7 +35,7 @@ class Desktop : public fakes::ApplicationSession {
     ::setenv("TSAN_OPTIONS", "report_destroy_locked=0:suppressions=" QUIBBLY_TESTS_DIR "/real/desktop.tsan", 1);
   }
   void SetUp() override {
-    ASSERT_TRUE(screen_.installed()) << "Xvfb is needed";
+    ASSERT_TRUE(screen_.runs()) << "Xvfb is needed, and did not come up";
     desk_.emplace(screen_.display());
     manager_.emplace(start("", ">/dev/null 2>&1", "openbox"));
     ASSERT_TRUE(until([this] { return desk_->isManaged(); })) << "openbox is needed";

@@ -19,23 +19,14 @@ constexpr std::uint32_t nameExists = 3;
 
 DBusSingleInstance& instance(void* self) { return *static_cast<DBusSingleInstance*>(self); }
 
+constexpr const char* notTheFirst = "This start is not the first.";
+
 int refuse(sd_bus_error* error, const char* why) { return sd_bus_error_set(error, SD_BUS_ERROR_INVALID_ARGS, why); }
 
-int answer(sd_bus_message* call, sd_bus_error* error, DBusSingleInstance::Fate fate) {
-  using Fate = DBusSingleInstance::Fate;
-  switch (fate) {
-    case Fate::passed:
-      return sd_bus_reply_method_return(call, nullptr);
-    case Fate::notTheFirst:
-      return refuse(error, "This start is not the first.");
-    case Fate::tooMany:
-      break;
-  }
-  return sd_bus_error_set(error, SD_BUS_ERROR_LIMITS_EXCEEDED, "Too many requests within a second.");
-}
-
 int activate(sd_bus_message* call, void* self, sd_bus_error* error) {
-  return answer(call, error, instance(self).pass(1, [](const auto& requests) { requests.activate(); }));
+  // A start that the bus makes for it is all that was asked for.
+  if (instance(self).isStarting()) return sd_bus_reply_method_return(call, nullptr);
+  return instance(self).hear(call, error, 1, [](const auto& requests) { requests.activate(); });
 }
 
 int open(sd_bus_message* call, void* self, sd_bus_error* error) {
@@ -43,24 +34,23 @@ int open(sd_bus_message* call, void* self, sd_bus_error* error) {
   const char* url = nullptr;
   int got = sd_bus_message_enter_container(call, 'a', "s");
   while (got > 0 && (got = sd_bus_message_read_basic(call, 's', static_cast<void*>(&url))) > 0) {
-    if (urls.size() == SingleInstance::mostUrls || std::strlen(url) > SingleInstance::longestUrl)
+    if (urls.size() == SingleInstance::mostAtOnce || std::strlen(url) > SingleInstance::longestText)
       return refuse(error, "Too many or too long URLs.");
     urls.emplace_back(url);
   }
   if (got < 0) return got;
   const std::size_t count = std::max<std::size_t>(urls.size(), 1);
-  return answer(call, error,
-                instance(self).pass(count, [urls = std::move(urls)](const auto& requests) { requests.open(urls); }));
+  return instance(self).hear(call, error, count,
+                             [urls = std::move(urls)](const auto& requests) { requests.open(urls); });
 }
 
 int activateAction(sd_bus_message* call, void* self, sd_bus_error* error) {
   const char* name = nullptr;
   const int got = sd_bus_message_read_basic(call, 's', static_cast<void*>(&name));
   if (got < 0) return got;
-  if (std::strlen(name) > SingleInstance::longestUrl) return refuse(error, "Too long a name of an action.");
-  return answer(call, error, instance(self).pass(1, [action = std::string(name)](const auto& requests) {
-    requests.action(action);
-  }));
+  if (std::strlen(name) > SingleInstance::longestText) return refuse(error, "Too long a name of an action.");
+  return instance(self).hear(call, error, 1,
+                             [action = std::string(name)](const auto& requests) { requests.action(action); });
 }
 
 const sd_bus_vtable methods[] = {
@@ -108,18 +98,21 @@ void DBusSingleInstance::claim(Requests requests, std::vector<std::string> urls,
   }
 }
 
-DBusSingleInstance::Fate DBusSingleInstance::pass(std::size_t count,
-                                                  std::move_only_function<void(const Requests&)> request) {
-  const bool isEarly = answer_ != nullptr;
-  if (!isEarly && !isFirst_) return Fate::notTheFirst;
-  if (!allows(count)) return Fate::tooMany;
-  auto passed = lifetime_.whileItLasts([this, request = std::move(request)]() mutable { request(requests_); });
-  if (isEarly) {
-    early_.push_back(std::move(passed));
-  } else {
-    queue_.post(std::move(passed));
+int DBusSingleInstance::hear(sd_bus_message* call, sd_bus_error* error, std::size_t count, Request request) {
+  if (!isStarting() && !isFirst_) return refuse(error, notTheFirst);
+  if (!allows(count)) {
+    return sd_bus_error_set(error, SD_BUS_ERROR_LIMITS_EXCEEDED, "Too many requests within a second.");
   }
-  return Fate::passed;
+  if (!isStarting()) {
+    post(std::move(request));
+    return sd_bus_reply_method_return(call, nullptr);
+  }
+  early_.push_back({.call = BusMessage(sd_bus_message_ref(call)), .request = std::move(request)});
+  return 1;
+}
+
+void DBusSingleInstance::post(Request request) {
+  queue_.post(lifetime_.whileItLasts([this, request = std::move(request)]() mutable { request(requests_); }));
 }
 
 bool DBusSingleInstance::allows(std::size_t count) {
@@ -129,7 +122,7 @@ bool DBusSingleInstance::allows(std::size_t count) {
     asked_ = 0;
   }
   asked_ += count;
-  return asked_ <= mostUrls;
+  return asked_ <= mostAtOnce;
 }
 
 void DBusSingleInstance::requestName() {
@@ -164,10 +157,15 @@ void DBusSingleInstance::handOver() {
 
 void DBusSingleInstance::settle(Place place) {
   isFirst_ = place == Place::first;
+  for (Early& early : std::exchange(early_, {})) {
+    if (!isFirst_) {
+      (void)sd_bus_reply_method_errorf(early.call.get(), SD_BUS_ERROR_INVALID_ARGS, "%s", notTheFirst);
+      continue;
+    }
+    (void)sd_bus_reply_method_return(early.call.get(), nullptr);
+    post(std::move(early.request));
+  }
   std::exchange(answer_, nullptr)(place);
-  auto early = std::exchange(early_, {});
-  if (!isFirst_) return;
-  for (MainQueue::Work& request : early) queue_.post(std::move(request));
 }
 
 }  // namespace quibbly::linux_services

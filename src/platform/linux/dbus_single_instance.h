@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/lifetime.h"
+#include "platform/linux/bus_handles.h"
 #include "platform/linux/lock_file.h"
 #include "platform/linux/session_bus.h"
 #include "platform/single_instance.h"
@@ -23,17 +24,20 @@ class DBusSingleInstance final : public SingleInstance {
 
   void claim(Requests requests, std::vector<std::string> urls, std::function<void(Place)> answer) override;
 
-  /// What becomes of a request of another program.
-  enum class Fate { passed, notTheFirst, tooMany };
-  /// Hands a request to the queue; one that comes before the place is taken waits for that. It counts as so many. For the
-  /// functions that sd-bus calls.
-  [[nodiscard]] Fate pass(std::size_t count, std::move_only_function<void(const Requests&)> request);
+  /// Something that another program asks for, to be done on a later turn of the queue.
+  using Request = std::move_only_function<void(const Requests&)>;
+  /// Whether the place is not taken yet.
+  [[nodiscard]] bool isStarting() const { return answer_ != nullptr; }
+  /// Takes a request, which counts as so many, and answers the call; one that comes before the place is taken waits for that.
+  /// For the functions that sd-bus calls, and gives what they give back.
+  int hear(sd_bus_message* call, sd_bus_error* error, std::size_t count, Request request);
 
  private:
   void requestName();
   void named(sd_bus_message* answer);
   void handOver();
   void settle(Place place);
+  void post(Request request);
   /// Counts them; false when they are more than a user asks for in a second.
   [[nodiscard]] bool allows(std::size_t count);
 
@@ -45,8 +49,12 @@ class DBusSingleInstance final : public SingleInstance {
   std::function<void(Place)> answer_;  // empty once it was answered
   bool isFirst_ = false;
   bool hasAsked_ = false;
-  /// What came before the place was taken: the bus starts a program for a request, and passes that on with the name.
-  std::vector<MainQueue::Work> early_;
+  /// What came before the place was taken, unanswered: the bus starts a program for a call, and passes that on with the name.
+  struct Early {
+    BusMessage call;
+    Request request;
+  };
+  std::vector<Early> early_;
   /// How much was asked for in the second that began then.
   std::size_t asked_ = 0;
   ContinuousClock::time_point askedSince_{};

@@ -27,7 +27,7 @@ bool isLocal(const std::filesystem::path& directory) {
   constexpr std::uint32_t bcachefs = 0xca451a4e;
   constexpr auto local = std::to_array<std::uint32_t>(
       {EXT4_SUPER_MAGIC, XFS_SUPER_MAGIC, BTRFS_SUPER_MAGIC, F2FS_SUPER_MAGIC, TMPFS_MAGIC, RAMFS_MAGIC,
-       OVERLAYFS_SUPER_MAGIC, ECRYPTFS_SUPER_MAGIC, REISERFS_SUPER_MAGIC, NILFS_SUPER_MAGIC, jfs, zfs, bcachefs});
+       OVERLAYFS_SUPER_MAGIC, REISERFS_SUPER_MAGIC, NILFS_SUPER_MAGIC, jfs, zfs, bcachefs});
   struct statfs system{};
   return ::statfs(directory.c_str(), &system) == 0 &&
          std::ranges::find(local, static_cast<std::uint32_t>(system.f_type)) != local.end();

@@ -13,8 +13,7 @@ class LockFile {
   explicit LockFile(std::filesystem::path path) : path_(std::move(path)) {}
 
   /// Takes the file, for as long as this object is there, and makes it and its directory where they are missing. False when
-  /// another process holds it; true also where no file of the user's
-  /// own can be made.
+  /// another process holds it; true also where there can be no such file of the user's own.
   [[nodiscard]] bool take();
 
  private:

@@ -8,6 +8,7 @@
 
 #include "platform/linux/descriptor_io.h"
 #include "platform/linux/file_descriptor.h"
+#include "platform/linux/ownership.h"
 
 namespace quibbly::linux_services {
 namespace {
@@ -23,7 +24,7 @@ std::error_code lookAt(const std::filesystem::path& directory) {
   struct stat status{};
   if (::stat(directory.c_str(), &status) != 0) return lastError();
   if (!S_ISDIR(status.st_mode)) return made(std::errc::not_a_directory);
-  return status.st_uid == ::geteuid() ? std::error_code() : made(std::errc::permission_denied);
+  return isOwn(status, S_IFDIR) ? std::error_code() : made(std::errc::permission_denied);
 }
 
 std::error_code make(const std::filesystem::path& directory) {
@@ -49,7 +50,7 @@ std::expected<std::string, std::error_code> PosixFileSystem::read(const std::fil
   struct stat status{};
   if (!opened || ::fstat(opened.get(), &status) != 0) return std::unexpected(lastError());
   if (!S_ISREG(status.st_mode)) return std::unexpected(made(std::errc::invalid_argument));
-  if (status.st_uid != ::geteuid()) return std::unexpected(made(std::errc::permission_denied));
+  if (!isOwn(status, S_IFREG)) return std::unexpected(made(std::errc::permission_denied));
   // One byte too many is enough to know.
   auto content = readUpTo(opened.get(), largestFile + 1, static_cast<std::size_t>(status.st_size));
   if (content && content->size() > largestFile) return std::unexpected(made(std::errc::file_too_large));

@@ -6,12 +6,12 @@
 #include <future>
 #include <sys/stat.h>
 #include <system_error>
-#include <unistd.h>
 #include <utility>
 
 #include <sqlite3.h>
 
 #include "platform/linux/file_descriptor.h"
+#include "platform/linux/ownership.h"
 #include "platform/linux/posix_file_system.h"
 
 namespace quibbly::linux_services {
@@ -43,7 +43,7 @@ constexpr int longLogPages = 1000;
 /// process has on it by other connections.
 bool isOurs(const std::filesystem::path& file) {
   struct stat status{};
-  return ::lstat(file.c_str(), &status) == 0 && S_ISREG(status.st_mode) && status.st_uid == ::geteuid();
+  return ::lstat(file.c_str(), &status) == 0 && isOwn(status, S_IFREG);
 }
 
 /// SQLite would make the file readable for everybody that the user's mask lets in; the files beside it take its mode.

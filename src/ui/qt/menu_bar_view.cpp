@@ -16,7 +16,7 @@ namespace {
 
 constexpr int panelWidth = 340;
 constexpr int padding = 12;
-constexpr int spacing = 10;
+constexpr int spacing = PanelBody::betweenParts;
 constexpr double radius = 12;
 constexpr Shadow shadow{.opacity = 0.25, .blur = 18, .down = 5};
 

@@ -10,7 +10,6 @@
 namespace quibbly {
 namespace {
 
-constexpr int betweenParts = 10;
 constexpr int betweenColumns = 16;
 constexpr int betweenRows = 4;
 constexpr int betweenFooterLines = 3;

@@ -18,6 +18,9 @@ class Label;
 /// What the panel says above its commands: the heading, the figures, the roast, the footer and the status.
 class PanelBody : public QVBoxLayout {
  public:
+  /// Between its parts, in device-independent pixels.
+  static constexpr int betweenParts = 10;
+
   PanelBody();
 
   /// Shows what changed, and leaves alone what did not: a selection in the roast stays. A new status is read out.

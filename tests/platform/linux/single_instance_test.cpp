@@ -96,10 +96,10 @@ TEST_F(Instances, answers_other_programs_and_refuses_what_no_user_did) {
   ASSERT_EQ(placeOf(first), Place::first);
   EXPECT_EQ(answerTo("ActivateAction", action("RoastMe")), "");
   EXPECT_EQ(answerTo("Open", urls({})), "");
-  const std::string longText(SingleInstance::longestUrl + 1, 'x');
+  const std::string longText(SingleInstance::longestText + 1, 'x');
   const std::pair<const char*, Append> refused[] = {
       {"Open", urls({longText})},
-      {"Open", urls(std::vector<std::string>(SingleInstance::mostUrls + 1, "quibbly://roast"))},
+      {"Open", urls(std::vector<std::string>(SingleInstance::mostAtOnce + 1, "quibbly://roast"))},
       {"ActivateAction", action(longText)},
       {"Activate", [](auto* call) { return sd_bus_message_append(call, "s", "x"); }}};
   for (const auto& [method, append] : refused) EXPECT_NE(answerTo(method, append), "") << method;
@@ -110,33 +110,58 @@ TEST_F(Instances, answers_other_programs_and_refuses_what_no_user_did) {
 TEST_F(Instances, hears_so_much_a_second_and_no_more) {
   Start first(queue_, daemon_.address(), lock_);
   ASSERT_EQ(placeOf(first), Place::first);
-  const std::vector<std::string> half(SingleInstance::mostUrls / 2, "quibbly://roast");
+  const std::vector<std::string> half(SingleInstance::mostAtOnce / 2, "quibbly://roast");
   for (unsigned second = 1; second <= 2; ++second) {
     queue_.advance(1s);
     for (const char* answer : {"", "", SD_BUS_ERROR_LIMITS_EXCEEDED}) EXPECT_EQ(answerTo("Open", urls(half)), answer);
     EXPECT_EQ(answerTo("Activate", nothing), SD_BUS_ERROR_LIMITS_EXCEEDED);
     queue_.run();
-    EXPECT_EQ(first.asked.size(), second * SingleInstance::mostUrls);
+    EXPECT_EQ(first.asked.size(), second * SingleInstance::mostAtOnce);
   }
 }
 
-TEST_F(Instances, hears_what_the_bus_starts_it_for) {
-  daemon_.offer("org.quibbly.Quibbly", "/bin/sleep 5");
-  const fakes::BusPeer other(daemon_.address());
+/// What the bus starts a program for, and what the program then hears of it.
+std::vector<std::string> heardByStarted(const char* method, const Append& append, bool isLocked) {
+  const fakes::FileTree files;
+  const auto lockFile = files.root() / "lock";
+  LockFile held(lockFile);
+  EXPECT_TRUE(!isLocked || held.take());
+  fakes::PrivateBus daemon;
+  daemon.offer("org.quibbly.Quibbly", "/bin/sleep 40");
+  fakes::ManualQueue queue;
+  const fakes::BusPeer other(daemon.address());
   sd_bus_message* created = nullptr;
   sd_bus_message_new_method_call(other.get(), &created, "org.quibbly.Quibbly", "/org/quibbly/Quibbly",
-                                 "org.freedesktop.Application", "Open");
+                                 "org.freedesktop.Application", method);
   const BusMessage call(created);
-  ASSERT_GE(urls({"quibbly://roast"})(created), 0);
-  ASSERT_GE(sd_bus_send(other.get(), created, nullptr), 0);
+  EXPECT_GE(append(created), 0);
+  std::optional<bool> isAnswered;
+  sd_bus_slot* slot = nullptr;
+  const auto take = [](sd_bus_message* answer, void* to, sd_bus_error*) {
+    *static_cast<std::optional<bool>*>(to) = isReply(answer);
+    return 1;
+  };
+  EXPECT_GE(sd_bus_call_async(other.get(), &slot, created, take, &isAnswered, 0), 0);
+  const BusSlot waiting(slot);
   // What the bus answers now, it answers after it has read the call.
-  ASSERT_GE(sd_bus_call_method(other.get(), "org.freedesktop.DBus", "/", "org.freedesktop.DBus", "GetId", nullptr,
+  EXPECT_GE(sd_bus_call_method(other.get(), "org.freedesktop.DBus", "/", "org.freedesktop.DBus", "GetId", nullptr,
                                nullptr, nullptr),
             0);
-  Start started(queue_, daemon_.address(), lock_);
-  ASSERT_EQ(placeOf(started), Place::first);
-  EXPECT_TRUE(queue_.until([&] { return !started.asked.empty(); }));
-  EXPECT_THAT(started.asked, ElementsAre("quibbly://roast"));
+  const Start started(queue, daemon.address(), lockFile);
+  EXPECT_TRUE(queue.until([&] {
+    sd_bus_process(other.get(), nullptr);
+    return isAnswered.has_value();
+  }));
+  queue.run();
+  EXPECT_EQ(isAnswered, !isLocked) << method;
+  return started.asked;
+}
+
+TEST_F(Instances, hears_what_the_bus_starts_it_for_unless_the_start_is_all_of_it) {
+  EXPECT_THAT(heardByStarted("Open", urls({"quibbly://roast"}), false), ElementsAre("quibbly://roast"));
+  EXPECT_THAT(heardByStarted("ActivateAction", action("RoastMe"), false), ElementsAre("action RoastMe"));
+  EXPECT_THAT(heardByStarted("Activate", nothing, false), ElementsAre());
+  EXPECT_THAT(heardByStarted("Open", urls({"quibbly://roast"}), true), ElementsAre());
 }
 
 TEST_F(Instances, without_a_bus_in_common_the_lock_keeps_the_second_out) {

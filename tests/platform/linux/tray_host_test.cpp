@@ -21,7 +21,7 @@ class TrayHosts : public ::testing::Test {
  protected:
   void SetUp() override {
     ASSERT_TRUE(daemon_.running()) << "dbus-daemon is needed";
-    ASSERT_TRUE(screen_.installed()) << "Xvfb is needed";
+    ASSERT_TRUE(screen_.runs()) << "Xvfb is needed, and did not come up";
   }
   void observe(const std::string& display) {
     told_.clear();

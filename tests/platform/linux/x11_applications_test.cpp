@@ -18,7 +18,7 @@ using testing::UnorderedElementsAre;
 class X11 : public testing::Test {
  protected:
   void SetUp() override {
-    ASSERT_TRUE(server_.installed()) << "Xvfb is needed";
+    ASSERT_TRUE(server_.runs()) << "Xvfb is needed, and did not come up";
     display_ = x11::connectTo(server_.display());
     ASSERT_TRUE(display_) << "Xvfb did not start";
   }
