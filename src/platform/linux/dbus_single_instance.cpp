@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <memory>
 #include <utility>
 
 #include "platform/linux/own_names.h"
@@ -49,8 +50,8 @@ int activateAction(sd_bus_message* call, void* self, sd_bus_error* error) {
   const int got = sd_bus_message_read_basic(call, 's', static_cast<void*>(&name));
   if (got < 0) return got;
   if (std::strlen(name) > SingleInstance::longestText) return refuse(error, "Too long a name of an action.");
-  return instance(self).hear(call, error, 1,
-                             [action = std::string(name)](const auto& requests) { requests.action(action); });
+  const auto action = std::make_shared<const std::string>(name);
+  return instance(self).hear(call, error, 1, [action](const auto& requests) { requests.action(*action); });
 }
 
 const sd_bus_vtable methods[] = {

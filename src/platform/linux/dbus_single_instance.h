@@ -57,7 +57,7 @@ class DBusSingleInstance final : public SingleInstance {
   std::vector<Early> early_;
   /// How much was asked for in the second that began then.
   std::size_t asked_ = 0;
-  ContinuousClock::time_point askedSince_{};
+  ContinuousClock::time_point askedSince_;
   std::vector<SessionBus::AttachmentId> attachments_;
   Lifetime lifetime_;
 };
