@@ -1,7 +1,7 @@
 # Shared by ./run, ./test, bench/run, scripts/fuzz and .ci/run: what must be installed, and how a preset is built.
 
 build_packages="g++ cmake ninja-build pkg-config nlohmann-json3-dev libcli11-dev libxcb1-dev libxcb-shape0-dev libicu-dev libsqlite3-dev libsystemd-dev qt6-base-dev"
-test_packages="libgtest-dev libgmock-dev xvfb openbox dbus at-spi2-core"
+test_packages="libgtest-dev libgmock-dev xvfb openbox dbus"
 bench_packages="libbenchmark-dev dbus xvfb"
 package_packages="dpkg-dev file lintian desktop-file-utils appstream"
 fuzz_packages="clang-19 libclang-rt-19-dev"

@@ -93,6 +93,12 @@ TEST(Roasts, come_out_alike_whoever_asks_but_for_what_each_may_do) {
        working + "Desktop toast + notification (2/-1 today). [Published. toast notification]", zeroAtPanel, silent},
       {"a pause", [](Asked& a) { a.model().pauseRoasts(3600); }, until + "[]", until + "[Published.]", until + "[]",
        until + "Fresh roast ready. [new]"},
+      {"a pause, and a limit of 0",
+       [](Asked& a) {
+         a.limit(0);
+         a.model().pauseRoasts(3600);
+       },
+       until + "[]", until + "[Published.]", until + "[]", until + "Fresh roast ready. [new]"},
       {"notifications are denied",
        [](Asked& a) { a.home_.center.now.authorizationStatus = AuthorizationStatus::denied; },
        "Desktop toast shown. System notifications denied. " + unannounced,

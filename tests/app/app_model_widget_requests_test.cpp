@@ -24,7 +24,7 @@ TEST_F(WidgetRequests, the_application_sleeps_while_the_mailboxes_are_empty_and_
   const auto sleeps = [&] { return home_.queue.untilNext() > 400ms; };
   home_.queue.advance(10s);
   EXPECT_TRUE(sleeps());
-  tree_.add("group/roastRequest.json", "no request");
+  tree_.add("group/roastRequest.json", R"({"createdAt":"2026-11-17T10:00:00Z"})");
   run();
   EXPECT_FALSE(sleeps()) << "what cannot be read is read again";
   leaveRequest();
@@ -101,6 +101,7 @@ TEST_F(WidgetRequests, a_request_comes_before_a_notification_in_the_same_pass) {
   ASSERT_EQ(announced().size(), 2U);
   EXPECT_EQ(announced().back(), "pending");
   EXPECT_EQ(home_.center.delivered.back().title, "Title");
+  EXPECT_EQ(home_.center.delivered.back().userInfo.at("category"), "ram");
 }
 
 }  // namespace

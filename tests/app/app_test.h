@@ -44,8 +44,8 @@ class TestedApplication {
   /// How many roasts were made: the history has the last twelve.
   std::size_t roastsMade() { return home_.recentRoasts.history().texts.size(); }
   void leaveRequest() {
-    ASSERT_FALSE(home_.group.storage.write(RoastRequest{.createdAt = home_.group.clock.now(), .source = "widget"},
-                                           "roastRequest.json"));
+    ASSERT_FALSE(home_.group.storage.writeText(R"({"createdAt":"2026-11-17T10:00:00Z","source":"widget"})",
+                                               "roastRequest.json"));
   }
   bool requestIsLeft() { return home_.group.storage.readText("roastRequest.json").has_value(); }
   void leaveNotification(const std::string& body) { home_.pending.enqueue("Title", body, "ram"); }

@@ -17,10 +17,7 @@ constexpr MacMood mood{.score = 73.9, .label = MacMood::Label::judgingYou};
 
 class RoastEngine : public ::testing::Test {
  protected:
-  LastRoast roast(const SystemSnapshot& sample, const RecentRoastHistory& history = RecentRoastHistory::empty) {
-    return PlaceholderRoastEngine(clock_, random_).roast(sample, mood, history);
-  }
-  LastRoast roastFrom(std::span<const Family> families, const RecentRoastHistory& history,
+  LastRoast roastFrom(std::span<const Family> families, const RecentRoastHistory& history = RecentRoastHistory::empty,
                       const SystemSnapshot& sample = quietSample()) {
     return PlaceholderRoastEngine(clock_, random_, families).roast(sample, mood, history);
   }
@@ -59,7 +56,6 @@ TEST_F(RoastEngine, mocks_the_worst_of_a_sample) {
       {tooHot, "thermal_1", "Thermal state: serious. This is a laptop, not an induction hob."},
       {all({set(&S::thermalState, Thermal::critical), battery10, fullMemory}), "thermal_1"},
       {all({battery10, fullMemory}), "battery_1", "10% battery. Your energy strategy is faith-based."},
-      {set(&S::batteryLevel, -3), "battery_1"},
       {set(&S::batteryLevel, 14), "battery_1"},
       {set(&S::batteryLevel, 15), "battery_m1"},
       {set(&S::batteryLevel, 29), "battery_m1"},
@@ -74,7 +70,6 @@ TEST_F(RoastEngine, mocks_the_worst_of_a_sample) {
       {set(&S::memoryUtilizationEstimate, infinity), "ram_1"},
       {set(&S::diskFreeBytes, 14'999'999'999), "disk_1", "15.0 GB free. One Xcode project away from disaster."},
       {set(&S::diskFreeBytes, 15'000'000'000), "life_1"},
-      {set(&S::diskFreeBytes, 0), "disk_1", "0.0 GB free. One Xcode project away from disaster."},
       {set(&S::uptimeSeconds, 259'199), "life_1"},
       {set(&S::uptimeSeconds, 259'200), "uptime_m1"},
       {set(&S::uptimeSeconds, 604'799), "uptime_m1", "Uptime 6 days. Warming up to a real streak."},
@@ -94,7 +89,7 @@ TEST_F(RoastEngine, mocks_the_worst_of_a_sample) {
   for (const SampleCase& c : cases) {
     SystemSnapshot sample = quietSample();
     c.change(sample);
-    const LastRoast result = roast(sample);
+    const LastRoast result = PlaceholderRoastEngine(clock_, random_).roast(sample, mood, RecentRoastHistory::empty);
     EXPECT_EQ(result.templateId, c.templateId) << result.text;
     EXPECT_TRUE(!c.text || result.text == c.text) << result.text;
   }
@@ -173,11 +168,11 @@ TEST_F(RoastEngine, a_sample_that_no_family_fits_draws_on_every_family_that_exis
   Family unfit = low;
   unfit.matches = never;
   const auto families = std::to_array({unfit, hidden});
-  EXPECT_EQ(roastFrom(families, RecentRoastHistory::empty).templateId, "low_1");
+  EXPECT_EQ(roastFrom(families).templateId, "low_1");
 }
 
 TEST_F(RoastEngine, without_any_family_there_still_is_a_line) {
-  const LastRoast result = roastFrom({}, RecentRoastHistory::empty);
+  const LastRoast result = roastFrom({});
   EXPECT_EQ(result, (LastRoast{.text = "Mac Mood: Judging You. Everything is fine. Allegedly.",
                                .category = "general",
                                .ruleId = "general_ok",

@@ -3,6 +3,7 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <stdexcept>
 #include <string>
 #include <systemd/sd-bus.h>
 
@@ -18,7 +19,6 @@ class PrivateBus {
   PrivateBus& operator=(const PrivateBus&) = delete;
   ~PrivateBus() { kill(); }
 
-  [[nodiscard]] bool running() const { return pid_ > 0; }
   [[nodiscard]] std::string address() const { return "unix:path=" + (files_.root() / "bus").string(); }
 
   /// Starts it, anew after `kill`, at the same address.
@@ -34,6 +34,7 @@ class PrivateBus {
     char line[32] = "";
     if (std::fgets(line, sizeof line, output)) pid_ = std::atoi(line);
     ::pclose(output);
+    if (pid_ <= 0) throw std::runtime_error("dbus-daemon is needed, and did not come up");
   }
   /// From now on the bus starts the command when somebody asks for the name.
   void offer(const std::string& name, const std::string& command) {

@@ -53,7 +53,6 @@ TEST(MoodCalculatorTest, scores_the_weighted_mean_of_what_is_known) {
       {all({set(&S::memoryUtilizationEstimate, 0.9), noBattery}), memory90 / 0.85 * 100, concerned},
       {set(&S::memoryUtilizationEstimate, std::numeric_limits<double>::quiet_NaN()), 25.0, concerned},
       {critical, 25.0, concerned},
-      {all({critical, noBattery}), 0.25 / 0.85 * 100, concerned},
       {set(&S::thermalState, Thermal::serious), 18.75, proud},
       {set(&S::thermalState, Thermal::fair), 8.75, proud},
       {disk(3, std::nullopt), 15.0, proud},
@@ -94,7 +93,7 @@ TEST(MoodCalculatorTest, each_bound_belongs_to_the_lower_label) {
   for (const MoodCase& c : cases) expectMood(c, 0);
 }
 
-TEST(PieceWiseTest, follows_the_points_whatever_their_order) {
+TEST(PieceWiseTest, follows_the_points_whatever_their_order_and_meets_the_first_of_two_at_one_x_first) {
   const std::vector<CurvePoint> sorted{{0, 1}, {10, 2}, {20, 4}};
   const std::vector<CurvePoint> shuffled{{20, 4}, {0, 1}, {10, 2}};
   const std::pair<double, double> cases[] = {{-5, 1}, {0, 1}, {5, 1.5}, {10, 2}, {15, 3}, {20, 4}, {99, 4}};
@@ -105,9 +104,6 @@ TEST(PieceWiseTest, follows_the_points_whatever_their_order) {
   EXPECT_EQ(pieceWise(std::numeric_limits<double>::quiet_NaN(), sorted), 4);
   EXPECT_EQ(pieceWise(3, {}), 0);
   EXPECT_EQ(pieceWise(3, std::vector<CurvePoint>{{7, 5}}), 5);
-}
-
-TEST(PieceWiseTest, meets_the_first_of_two_points_at_one_x_first) {
   const std::vector<CurvePoint> step{{10, 3}, {0, 0}, {5, 1}, {5, 2}};
   EXPECT_EQ(pieceWise(5, step), 1);
   EXPECT_DOUBLE_EQ(pieceWise(7.5, step), 2.5);

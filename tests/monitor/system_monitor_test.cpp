@@ -1,6 +1,5 @@
 #include "monitor/system_monitor.h"
 
-#include <latch>
 #include <limits>
 
 #include <gmock/gmock.h>
@@ -31,17 +30,13 @@ class Monitor : public ::testing::Test {
                          machine_,       machine_, machine_, machine_};
 };
 
-TEST_F(Monitor, asks_each_service_once_in_order_on_a_thread_of_its_own) {
-  (void)capture();
-  EXPECT_THAT(machine_.asked,
-              ElementsAre("processor", "memory", "volume", "power", "applications", "thermal", "uptime", "low power"));
-  EXPECT_NE(machine_.askedOn, std::this_thread::get_id());
-}
-
-TEST_F(Monitor, a_machine_that_tells_nothing_gives_a_neutral_sample) {
+TEST_F(Monitor, asks_each_service_once_on_a_thread_of_its_own_and_one_that_tells_nothing_gives_a_neutral_sample) {
   SystemSnapshot neutral;
   neutral.capturedAt = machine_.clock.time;
   EXPECT_EQ(capture(), neutral);
+  EXPECT_THAT(machine_.asked,
+              ElementsAre("processor", "memory", "volume", "power", "applications", "thermal", "uptime", "low power"));
+  EXPECT_NE(machine_.askedOn, std::this_thread::get_id());
 }
 
 TEST_F(Monitor, fills_every_field_from_its_service) {
@@ -60,7 +55,7 @@ TEST_F(Monitor, fills_every_field_from_its_service) {
                   {.bundleIdentifier = "com.Spotify.Client"},
                   {.bundleIdentifier = std::nullopt}},
       .frontmost = FrontmostApplication{.localizedName = "Feuerfuchs", .bundleIdentifier = std::nullopt}};
-  machine_.thermal = 2;
+  machine_.thermal = 3;
   machine_.up = 90s;
   machine_.lowPower = true;
 
@@ -77,7 +72,7 @@ TEST_F(Monitor, fills_every_field_from_its_service) {
   expected.browserCount = 2;
   expected.electronAppCount = 1;
   expected.frontmostAppName = "Feuerfuchs";
-  expected.thermalState = RoastThermalState::serious;
+  expected.thermalState = RoastThermalState::critical;
   expected.lowPowerMode = true;
   EXPECT_EQ(capture(), expected);
 }
@@ -93,8 +88,6 @@ TEST_F(Monitor, load_is_the_share_of_ticks_that_were_not_idle) {
       {"nothing passed", {5, 5, 5, 5}, {5, 5, 5, 5}, 0.0},
       {"a counter wrapped", {full - 9, 0, 0, 0}, {10, 0, 20, 0}, 0.5},
       {"idle time stepped back", {0, 0, 100, 0}, {50, 0, 99, 0}, 1.0},
-      {"idle only", {1, 1, 1, 1}, {1, 1, 9, 1}, 0.0},
-      {"busy only", {1, 1, 1, 1}, {9, 1, 1, 1}, 1.0},
   };
   for (const Case& c : cases) {
     EXPECT_DOUBLE_EQ(loadBetween(c.first, c.second), c.load) << c.what;
@@ -110,11 +103,19 @@ TEST_F(Monitor, the_first_sample_has_no_load_and_a_failed_tick_read_measures_fro
   EXPECT_DOUBLE_EQ(capture().cpuUsage, 0.75);
 }
 
-TEST_F(Monitor, memory_is_a_fraction_of_what_is_known_to_be_there) {
+TEST_F(Monitor, figures_without_a_meaning_are_neutral_or_as_large_as_may_be) {
   machine_.memory.use = MemoryUse{.activeBytes = 50, .wiredBytes = 0, .compressorBytes = 0, .physicalBytes = 0};
-  EXPECT_EQ(capture().memoryUtilizationEstimate, 0.0);
+  machine_.thermal = -1;
+  SystemSnapshot sample = capture();
+  EXPECT_EQ(sample.memoryUtilizationEstimate, 0.0);
+  EXPECT_EQ(sample.thermalState, RoastThermalState::nominal);
   machine_.memory.use->physicalBytes = 40;
-  EXPECT_EQ(capture().memoryUtilizationEstimate, 1.0);
+  machine_.thermal = 2;
+  EXPECT_EQ(capture().thermalState, RoastThermalState::serious);
+  machine_.thermal = 4;
+  sample = capture();
+  EXPECT_EQ(sample.memoryUtilizationEstimate, 1.0);
+  EXPECT_EQ(sample.thermalState, RoastThermalState::nominal);
 }
 
 TEST_F(Monitor, the_battery_is_read_from_whatever_it_tells) {
@@ -133,7 +134,6 @@ TEST_F(Monitor, the_battery_is_read_from_whatever_it_tells) {
       {"external power", {.type = battery, .state = "AC Power", .isCharging = false}, {}, true},
       {"any other state wins over charging", {.type = battery, .state = "Off Line", .isCharging = true}, {}, false},
       {"charging, no state", {.type = battery, .isCharging = true}, {}, true},
-      {"a UPS is no battery of the machine", {.type = "UPS", .currentCapacity = 45, .isCharging = true}, {}, {}},
       {"no type", {.currentCapacity = 45, .isCharging = true}, {}, {}},
   };
   for (const Case& c : cases) {
@@ -142,32 +142,6 @@ TEST_F(Monitor, the_battery_is_read_from_whatever_it_tells) {
     EXPECT_EQ(sample.batteryLevel, c.level) << c.what;
     EXPECT_EQ(sample.isCharging, c.charging) << c.what;
   }
-}
-
-TEST_F(Monitor, a_thermal_number_that_means_nothing_is_nominal) {
-  for (const int raw : {-1, 4, 1000}) {
-    machine_.thermal = raw;
-    EXPECT_EQ(capture().thermalState, RoastThermalState::nominal) << raw;
-  }
-  machine_.thermal = 3;
-  EXPECT_EQ(capture().thermalState, RoastThermalState::critical);
-}
-
-TEST_F(Monitor, captures_asked_for_at_once_are_taken_one_after_the_other) {
-  constexpr int callers = 8;
-  machine_.processor = ProcessorTicks{};
-  std::latch start(callers);
-  std::vector<std::jthread> threads;
-  for (int i = 0; i < callers; ++i) {
-    threads.emplace_back([&] {
-      start.arrive_and_wait();
-      (void)capture();
-    });
-  }
-  threads.clear();
-  // Interleaved captures would mix the services' names; a data race is the thread sanitizer's to find.
-  ASSERT_EQ(machine_.asked.size(), 8u * callers);
-  for (std::size_t i = 0; i < machine_.asked.size(); i += 8) EXPECT_EQ(machine_.asked[i], "processor") << i;
 }
 
 }  // namespace

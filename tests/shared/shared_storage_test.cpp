@@ -49,9 +49,11 @@ class Storage : public ::testing::Test {
 
 TEST_F(Storage, keeps_the_last_record_written_in_a_directory_and_files_of_the_users_own) {
   ::umask(0);
+  const WidgetSnapshot mad{.uptimeSeconds = std::numeric_limits<double>::infinity()};
+  EXPECT_EQ(storage_.write(mad, "file.json"), SharedStorageError::encodingFailed);
+  EXPECT_FALSE(std::filesystem::exists(directory_));
   ASSERT_EQ(storage_.write(PendingNotify{}, "file.json"), std::error_code());
   ASSERT_EQ(storage_.write(notify, "file.json"), std::error_code());
-  const WidgetSnapshot mad{.uptimeSeconds = std::numeric_limits<double>::infinity()};
   EXPECT_EQ(storage_.write(mad, "file.json"), SharedStorageError::encodingFailed);
   EXPECT_EQ(storage_.read<PendingNotify>("file.json"), notify);
   EXPECT_EQ(real_.read(directory_ / "file.json"),
@@ -75,15 +77,12 @@ TEST_F(Storage, whichever_call_fails_the_old_content_stays_and_no_temporary_file
   }
 }
 
-TEST_F(Storage, without_a_container_everything_fails_alike) {
+TEST_F(Storage, without_a_container_everything_fails_alike_and_with_one_that_cannot_be_made_as_the_file_system_does) {
   const fakes::FixedContainer none(std::nullopt);
   const SharedStorage storage(none, files_, random_);
   EXPECT_FALSE(storage.containerAvailable());
   EXPECT_EQ(storage.write(notify, "file.json"), SharedStorageError::appGroupUnavailable);
   EXPECT_EQ(storage.read<PendingNotify>("file.json").error(), SharedStorageError::appGroupUnavailable);
-}
-
-TEST_F(Storage, a_container_that_cannot_be_made_fails_as_the_file_system_does) {
   tree_.add("data", "a file in the way");
   EXPECT_EQ(storage_.write(notify, "file.json"), std::make_error_condition(std::errc::not_a_directory));
 }

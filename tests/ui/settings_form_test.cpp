@@ -41,8 +41,15 @@ TEST_F(Settings, bring_the_model_in_line_when_they_are_shown) {
   EXPECT_EQ(*model().dailyRoastLimit, 256);
   EXPECT_EQ(home_.desktop.policy, ActivationPolicy::accessory);
   run();
-  EXPECT_TRUE(form_.notificationStatusText->starts_with("System alerts allowed"));
+  EXPECT_EQ(
+      *form_.notificationStatusText,
+      "System alerts allowed — Temporary may still be suppressed while app is frontmost; desktop toast always shows.");
   EXPECT_TRUE(*form_.bannersAllowed);
+  home_.center.now.alertSetting = AlertSetting::disabled;
+  form_.appeared();
+  run();
+  EXPECT_EQ(*form_.notificationStatusText, "System Temporary/Permanent alerts limited — desktop toast still shows.");
+  EXPECT_FALSE(*form_.bannersAllowed);
 }
 
 TEST_F(Settings, an_interval_begins_at_once) {

@@ -1,6 +1,5 @@
 #include "ui/terminal_face.h"
 
-#include <algorithm>
 #include <chrono>
 
 #include <gmock/gmock.h>
@@ -78,14 +77,14 @@ TEST(TerminalLayout, leaves_out_the_least_important_first) {
             "again.\n");
 }
 
-TEST(TerminalLayout, never_needs_more_room_or_time_than_there_is_for_a_text_without_end) {
+TEST(TerminalLayout, needs_no_more_room_or_time_than_there_is_for_a_text_without_end) {
   const std::string endless(std::size_t{1} << 17U, 'a');
   TerminalScreen screen{.panel = panelContents(fullState()), .keys = {{'r', "Roast me again", true}}};
   screen.toast = BannerView{.title = "Your Mac would like a word", .message = endless};
   screen.panel.roast = "👨‍👩‍👧‍👦漢字漢字 \x1b[31me\u0301e\u0301 " + endless;
   screen.panel.status = endless;
-  for (const int columns : {1, 2, 5, 20, 40, 200}) {
-    for (const int rows : {1, 3, 24, 100}) {
+  for (const int columns : {1, 2, 40}) {
+    for (const int rows : {1, 24, 100}) {
       const auto lines = terminalLines(screen, {.columns = columns, .rows = rows}, userText);
       EXPECT_LE(lines.size(), static_cast<std::size_t>(rows));
       for (const TerminalLine& line : lines) {
@@ -118,7 +117,6 @@ TEST(TerminalLayout, breaks_lines_between_words_and_long_words_anywhere) {
   EXPECT_THAT(wrapped("a 漢字漢字 b", 5, userText), ElementsAre("a", "漢字", "漢字", "b"));
   EXPECT_THAT(wrapped("", 5, userText), ElementsAre(""));
   EXPECT_THAT(wrapped("one two three", 5, userText, 2), ElementsAre("one", "two"));
-  EXPECT_THAT(wrapped("one two three", 5, userText, 3), ElementsAre("one", "two", "three"));
 }
 
 class Face : public ::testing::Test {
@@ -163,7 +161,7 @@ TEST_F(Face, draws_when_something_changed_and_only_then) {
   EXPECT_NE(written(), "") << "what was on the screen is gone";
 }
 
-TEST_F(Face, prints_the_panel_once_and_then_what_is_new) {
+TEST_F(Face, prints_the_panel_once_and_then_what_is_new_until_it_can_not_be_written) {
   state_.latestSnapshot.reset();
   start(false);
   EXPECT_EQ(terminal_->takeWritten(), "");
@@ -179,6 +177,11 @@ TEST_F(Face, prints_the_panel_once_and_then_what_is_new) {
   EXPECT_EQ(written(), "");
   state_.statusMessage = "Copied.";
   EXPECT_EQ(written(), "Copied.\n");
+  EXPECT_EQ(pressed_, "");
+  terminal_->fails = true;
+  state_.statusMessage = "Lost.";
+  (void)written();
+  EXPECT_EQ(pressed_, "failed");
 }
 
 TEST_F(Face, a_key_runs_its_command_unless_that_is_disabled) {
@@ -188,14 +191,6 @@ TEST_F(Face, a_key_runs_its_command_unless_that_is_disabled) {
   terminal_->events.key('c');
   terminal_->events.end();
   EXPECT_EQ(pressed_, "rcend");
-}
-
-TEST_F(Face, may_go_before_a_toast_does) {
-  start(true);
-  banner_.show("Your Mac would like a word", "one", 5s);
-  queue_.run();
-  face_.reset();
-  queue_.advance(6s);
 }
 
 TEST_F(Face, shows_a_toast_until_it_has_faded) {
@@ -211,14 +206,11 @@ TEST_F(Face, shows_a_toast_until_it_has_faded) {
   EXPECT_THAT(terminal_->takeWritten(), HasSubstr("two")) << "fading";
   queue_.advance(250ms);
   EXPECT_THAT(terminal_->takeWritten(), Not(HasSubstr("two")));
-}
 
-TEST_F(Face, an_output_that_can_not_be_written_ends_it) {
-  start(false);
-  terminal_->fails = true;
-  state_.statusMessage = "Copied.";
-  (void)written();
-  EXPECT_EQ(pressed_, "failed");
+  banner_.show("Your Mac would like a word", "three", 5s);
+  queue_.run();
+  face_.reset();
+  queue_.advance(6s);  // in which the toast goes, after the face
 }
 
 TEST(TerminalPasteboardTest, copies_through_a_terminal_and_only_what_it_takes) {

@@ -26,8 +26,10 @@ int refuse(sd_bus_error* error, const char* why) { return sd_bus_error_set(error
 
 int activate(sd_bus_message* call, void* self, sd_bus_error* error) {
   // A start that the bus makes for it is all that was asked for.
-  if (instance(self).isStarting()) return sd_bus_reply_method_return(call, nullptr);
-  return instance(self).hear(call, error, 1, [](const auto& requests) { requests.activate(); });
+  const bool isDone = instance(self).isStarting();
+  return instance(self).hear(call, error, 1, [isDone](const auto& requests) {
+    if (!isDone) requests.activate();
+  });
 }
 
 int open(sd_bus_message* call, void* self, sd_bus_error* error) {

@@ -41,6 +41,12 @@ constexpr const char* widgetHelp =
 constexpr const char* privacyHelp =
     "Preferences stay in the app container. The widget only reads shared snapshots — not these settings.";
 
+/// Shows what holds already, which is no choice of the user's.
+void showSwitch(ToggleSwitch& toggle, bool isOn) {
+  const QSignalBlocker quiet(toggle);
+  toggle.setChecked(isOn);
+}
+
 QString decimal(std::int64_t number) { return QString::number(number); }
 
 void addHelp(FormSection& section, const char* help) {
@@ -147,7 +153,7 @@ void SettingsView::addWidget(GroupedForm& sections) {
 ToggleSwitch* SettingsView::addSwitch(FormSection& section, const char* label, const std::function<void(bool)>& set) {
   auto* const toggle = new ToggleSwitch;
   section.addRow(label, toggle);
-  connect(toggle, &QAbstractButton::clicked, this, set);
+  connect(toggle, &QAbstractButton::toggled, this, set);
   return toggle;
 }
 
@@ -159,9 +165,9 @@ void SettingsView::addButton(FormSection& section, const char* title, const std:
 
 void SettingsView::present() {
   intensity_->setCurrentIndex(static_cast<int>(indexOf(form_.intensity())));
-  harsh_->setChecked(form_.allowHarshLanguage());
-  appNames_->setChecked(form_.includeAppNames());
-  hideFromDock_->setChecked(form_.hideFromDock());
+  showSwitch(*harsh_, form_.allowHarshLanguage());
+  showSwitch(*appNames_, form_.includeAppNames());
+  showSwitch(*hideFromDock_, form_.hideFromDock());
   interval_->setCurrentIndex(static_cast<int>(indexOf(form_.randomInterval())));
   {
     const QSignalBlocker quiet(limitStepper_);

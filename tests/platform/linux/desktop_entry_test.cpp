@@ -41,7 +41,6 @@ TEST(DesktopEntry, visible_and_installed_follow_its_flags) {
     EXPECT_EQ(entry->visible(), visible) << keys;
   }
   EXPECT_FALSE(parseDesktopEntry("a", std::string("\0\xFF[Desktop", 10), {}));
-  EXPECT_FALSE(parseDesktopEntry("a", "", {}));
 }
 
 TEST(DesktopEntry, the_name_is_the_best_one_of_the_users_locale) {

@@ -49,7 +49,6 @@ TEST(DesktopWorkspace, the_settings_are_those_of_the_desktop_or_the_first_that_a
   const auto cases = std::to_array<Case>({
       {"ubuntu:GNOME", all, "gnome-control-center notifications"},
       {"Unity", all, "gnome-control-center notifications"},
-      {"Budgie:GNOME", all, "gnome-control-center notifications"},
       {"kde", all, "systemsettings kcm_notifications"},
       {"XFCE", all, "xfce4-notifyd-config "},
       {"MATE", all, "mate-notification-properties "},
@@ -57,7 +56,6 @@ TEST(DesktopWorkspace, the_settings_are_those_of_the_desktop_or_the_first_that_a
       {"", all, "gnome-control-center notifications"},
       {"KDENLIVE", all, "gnome-control-center notifications"},
       {"KDE", "lxqt-config-notificationd xfce4-notifyd-config", "xfce4-notifyd-config "},
-      {"LXQt", "gnome-control-center systemsettings", "gnome-control-center notifications"},
   });
   for (const auto& [desktop, installed, started] : cases) {
     const Programs programs(installed);
@@ -74,11 +72,9 @@ TEST(DesktopWorkspace, other_urls_are_opened_by_the_desktop_if_they_are_urls) {
       {"https://example.org/?a=b&c;$(d) 'e'", true},
       {"svn+ssh2.x-y:z", true},
       {"example.org", false},
-      {"--help", false},
       {"-x:y", false},
       {":y", false},
       {"a b:c", false},
-      {"", false},
   });
   for (const auto& [url, isOpened] : cases) {
     const Programs programs("xdg-open");

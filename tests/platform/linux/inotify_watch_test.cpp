@@ -56,6 +56,12 @@ TEST_F(Watch, a_directory_that_is_not_there_or_goes_is_watched_when_it_comes) {
   EXPECT_FALSE(watch_.canTell());
 }
 
+TEST_F(Watch, does_not_watch_what_is_not_known_to_be_local) {
+  watch_.end();
+  watch_.begin("/proc/self", {"letter"}, [] {});
+  EXPECT_FALSE(watch_.canTell());
+}
+
 TEST_F(Watch, follows_the_name_of_its_directory_when_one_above_it_is_renamed) {
   tree_.add("home/box/other", "");
   watch_.end();

@@ -77,7 +77,6 @@ TEST(Batteries, of_a_machine_are_one_internal_battery) {
 
 TEST(ExternalPower, is_what_some_supply_delivers_to_the_machine) {
   const auto cases = std::to_array<std::pair<const char*, std::string_view>>({
-      {"AC/type: Mains | online: 0", onBattery},
       {"AC/type: Mains | online: 1", onAc},
       {"AC/type: Mains | online: 0\nusb/type: USB_PD | online: 2", onAc},
       {"pen/type: USB | scope: Device | online: 1", onBattery},

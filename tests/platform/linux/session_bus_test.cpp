@@ -17,6 +17,7 @@ namespace {
 using namespace std::chrono_literals;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
+using ::testing::Optional;
 using ::testing::UnorderedElementsAre;
 
 constexpr auto roastRequest = "org.quibbly.Quibbly.roastRequest";
@@ -24,8 +25,6 @@ using Answers = std::vector<WidgetCenter::Configurations>;
 
 class OnTheBus : public ::testing::Test {
  protected:
-  void SetUp() override { ASSERT_TRUE(daemon_.running()) << "dbus-daemon is needed"; }
-
   Answers askForConfigurations() {
     Answers answers;
     widgets_.currentConfigurations([&](const auto& answer) { answers.push_back(answer); });
@@ -76,11 +75,9 @@ TEST_F(OnTheBus, what_is_placed_is_what_owns_a_name_of_a_kind) {
                            "org.quibbly.Quibbly.RoastWidget.v6", "org.quibbly.Quibbly.RoastWidget.v6.x1"}) {
     ASSERT_GE(sd_bus_request_name(desktop.get(), name, 0), 0) << name;
   }
-  const Answers answers = askForConfigurations();
-  ASSERT_TRUE(answers.front().has_value());
-  EXPECT_THAT(*answers.front(),
-              UnorderedElementsAre("org.quibbly.Quibbly.RoastWidget.v6", "org.quibbly.Quibbly.RoastWidget.v6",
-                                   "org.quibbly.Quibbly.RoastWidget"));
+  EXPECT_THAT(askForConfigurations(), ElementsAre(Optional(UnorderedElementsAre("org.quibbly.Quibbly.RoastWidget.v6",
+                                                                                "org.quibbly.Quibbly.RoastWidget.v6",
+                                                                                "org.quibbly.Quibbly.RoastWidget"))));
 }
 
 TEST_F(OnTheBus, observers_hear_their_name_until_they_are_removed_also_on_a_bus_that_came_back) {
